@@ -1,0 +1,23 @@
+# tarnwell_module(<folder>): an object library `tarnwell_<folder>` of src/<folder>/*.cpp, with the
+# public header include/tarnwell/<name>.h of every src/<folder>/<name>.cpp added so that moc sees it.
+set(TARNWELL_MODULE_TARGETS "")
+
+function(tarnwell_module folder)
+  set(dir ${PROJECT_SOURCE_DIR}/src/${folder})
+  file(GLOB sources CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/*.h)
+  set(public_headers "")
+  foreach(src IN LISTS sources)
+    get_filename_component(base ${src} NAME_WE)
+    if(EXISTS ${PROJECT_SOURCE_DIR}/include/tarnwell/${base}.h)
+      list(APPEND public_headers ${PROJECT_SOURCE_DIR}/include/tarnwell/${base}.h)
+    endif()
+  endforeach()
+  set(target tarnwell_${folder})
+  add_library(${target} OBJECT ${sources} ${public_headers})
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${target} PUBLIC Qt6::Core Qt6::Gui Qt6::Widgets)
+  target_compile_definitions(${target} PRIVATE TARNWELL_BUILDING)
+  target_compile_options(${target} PRIVATE ${TARNWELL_WARNINGS})
+  set(TARNWELL_MODULE_TARGETS ${TARNWELL_MODULE_TARGETS} ${target} PARENT_SCOPE)
+endfunction()

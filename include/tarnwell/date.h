@@ -1,0 +1,65 @@
+#pragma once
+#include <tarnwell/global.h>
+
+#include <QDateTime>
+#include <QLocale>
+#include <QMetaType>
+#include <QString>
+
+#include <optional>
+
+namespace Tarnwell {
+
+// The host's date: days since 30 December 1899 in the integer part, the time of day in the
+// fraction. Before the epoch the integer part counts back and the fraction still counts forward
+// (-1.25 is 29 December 1899, 06:00). Valid from 1 January 1601 (-109205) to 31 December 9999
+// (2958465).
+class TARNWELL_EXPORT Date
+{
+public:
+    static constexpr double MinSerial = -109205.0; //  1 January 1601
+    static constexpr double MaxSerial = 2958465.0; // 31 December 9999
+
+    constexpr Date() = default;
+    constexpr explicit Date(double serial) : m_serial(serial) {}
+    constexpr double serial() const { return m_serial; }
+
+    // Date-serial construction with roll-over: month 13 is January of the next year, day 0 the last
+    // day of the previous month, 2024-02-31 is 2 March 2024. Years 0-29 mean 2000-2029 and 30-99
+    // mean 1930-1999. Error(6) when the result falls outside the valid range.
+    static Date fromYmd(int year, int month, int day);
+    // Time-serial construction with carries (61 seconds is 1 minute 1 second; negative values borrow).
+    static Date fromHms(int hour, int minute, int second);
+    static Date fromQDateTime(const QDateTime &dateTime);
+    static Date fromQDate(const QDate &date);
+
+    QDateTime toQDateTime() const;
+    QDate toQDate() const;
+    QTime toQTime() const;
+
+    int year() const;
+    int month() const;
+    int day() const;
+    int hour() const;
+    int minute() const;
+    int second() const;
+    int dayOfWeek() const; // 1 = Sunday ... 7 = Saturday, as the host counts
+
+    Date datePart() const;  // the time of day removed
+    Date timePart() const;  // the fraction only (day 0)
+
+    static bool isValidSerial(double serial);
+    // Text-to-date test of the host: numeric dates in the locale's order, month names, times.
+    static bool isDateText(const QString &text, const QLocale &locale = QLocale());
+    static std::optional<Date> parse(const QString &text, const QLocale &locale = QLocale());
+
+    friend constexpr bool operator==(Date a, Date b) { return a.m_serial == b.m_serial; }
+    friend constexpr auto operator<=>(Date a, Date b) { return a.m_serial <=> b.m_serial; }
+
+private:
+    double m_serial = 0.0;
+};
+
+} // namespace Tarnwell
+
+Q_DECLARE_METATYPE(Tarnwell::Date)
