@@ -6,7 +6,7 @@
 // The public enumerations. Unscoped, because Qt Designer edits only unscoped enum properties;
 // every constant carries the tw prefix so none of them collides with a host's names.
 namespace Tarnwell {
-TARNWELL_EXPORT Q_NAMESPACE
+Q_NAMESPACE_EXPORT(TARNWELL_EXPORT)
 
 enum twBorderStyleConstants { twNone = 0, twFixedSingle = 1, twFixed3D = 2 };
 Q_ENUM_NS(twBorderStyleConstants)

@@ -45,6 +45,22 @@ public:
     int second() const;
     int dayOfWeek() const; // 1 = Sunday ... 7 = Saturday, as the host counts
 
+    // All six fields at once, rounded to the nearest second (so 0.99999999 is the next midnight,
+    // not 23:59:59.999). A serial outside the valid range gives the fields of the nearest valid
+    // moment; a non-finite one those of serial 0.
+    struct Parts {
+        int year = 1899, month = 12, day = 30, hour = 0, minute = 0, second = 0;
+        friend constexpr bool operator==(const Parts &, const Parts &) = default;
+    };
+    Parts parts() const;
+
+    static bool isLeapYear(int year);
+    static int daysInMonth(int year, int month); // 0 for a month outside 1..12
+
+    // Today (time 00:00) and this moment, from Tarnwell::Clock.
+    static Date today();
+    static Date now();
+
     Date datePart() const;  // the time of day removed
     Date timePart() const;  // the fraction only (day 0)
 

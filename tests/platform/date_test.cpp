@@ -1,0 +1,291 @@
+#include <tarnwell/clock.h>
+#include <tarnwell/date.h>
+#include <tarnwell/error.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <ostream>
+
+namespace Tarnwell {
+// Failure messages show the fields.
+void PrintTo(const Date::Parts &p, std::ostream *os)
+{
+    *os << p.year << '-' << p.month << '-' << p.day << ' ' << p.hour << ':' << p.minute << ':' << p.second;
+}
+} // namespace Tarnwell
+
+using Tarnwell::Date;
+
+namespace {
+
+struct Ymd {
+    int y, m, d;
+};
+
+std::string text(const Date::Parts &p)
+{
+    return testing::PrintToString(p);
+}
+
+int errorOf(auto &&call)
+{
+    try {
+        call();
+    } catch (const Tarnwell::Error &e) {
+        return e.number();
+    }
+    return 0;
+}
+
+TEST(DateCalendar, EveryDayRoundTripsAndAgreesWithQDate)
+{
+    const QDate epoch(1899, 12, 30);
+    ASSERT_EQ(Date(Date::MinSerial).parts(), (Date::Parts{1601, 1, 1, 0, 0, 0}));
+    for (auto day = qint64(Date::MinSerial); day <= qint64(Date::MaxSerial); ++day) {
+        const Date date{double(day)};
+        const Date::Parts p = date.parts();
+        const QDate expected = epoch.addDays(day);
+        if (p.year != expected.year() || p.month != expected.month() || p.day != expected.day()) {
+            FAIL() << "serial " << day << " gave " << text(p);
+        }
+        if (Date::fromYmd(p.year, p.month, p.day).serial() != double(day)) {
+            FAIL() << "fromYmd of " << text(p) << " did not give back " << day;
+        }
+        // Sunday is 1 for the host, 7 for QDate.
+        if (date.dayOfWeek() != expected.dayOfWeek() % 7 + 1) {
+            FAIL() << "weekday of " << text(p);
+        }
+    }
+}
+
+struct YmdCase {
+    const char *name;
+    Ymd in;
+    double serial;
+};
+
+class DateFromYmd : public testing::TestWithParam<YmdCase> {};
+
+TEST_P(DateFromYmd, RollsOver)
+{
+    const YmdCase &c = GetParam();
+    EXPECT_EQ(Date::fromYmd(c.in.y, c.in.m, c.in.d).serial(), c.serial);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DateFromYmd,
+    testing::Values(YmdCase{"Epoch", {1899, 12, 30}, 0}, YmdCase{"DayBeforeEpoch", {1899, 12, 29}, -1},
+                    YmdCase{"FirstOf1900", {1900, 1, 1}, 2}, YmdCase{"UnixEpoch", {1970, 1, 1}, 25569},
+                    YmdCase{"Lower", {1601, 1, 1}, -109205}, YmdCase{"Upper", {9999, 12, 31}, 2958465},
+                    YmdCase{"Feb31IsMarch2", {2024, 2, 31}, Date::fromYmd(2024, 3, 2).serial()},
+                    YmdCase{"Feb29NonLeapIsMarch1", {2023, 2, 29}, Date::fromYmd(2023, 3, 1).serial()},
+                    YmdCase{"Month13", {2023, 13, 1}, Date::fromYmd(2024, 1, 1).serial()},
+                    YmdCase{"Month0IsDecember", {2024, 0, 15}, Date::fromYmd(2023, 12, 15).serial()},
+                    YmdCase{"Day0IsLastOfPrevious", {2024, 3, 0}, Date::fromYmd(2024, 2, 29).serial()},
+                    YmdCase{"NegativeDay", {2024, 3, -1}, Date::fromYmd(2024, 2, 28).serial()},
+                    YmdCase{"NegativeMonth", {2024, -1, 1}, Date::fromYmd(2023, 11, 1).serial()},
+                    YmdCase{"Day366", {2023, 1, 366}, Date::fromYmd(2024, 1, 1).serial()},
+                    YmdCase{"Year0Is2000", {0, 1, 1}, Date::fromYmd(2000, 1, 1).serial()},
+                    YmdCase{"Year30Is1930", {30, 6, 1}, Date::fromYmd(1930, 6, 1).serial()},
+                    YmdCase{"Year99Is1999", {99, 12, 31}, Date::fromYmd(1999, 12, 31).serial()},
+                    YmdCase{"Year99Month13", {99, 13, 1}, Date::fromYmd(2000, 1, 1).serial()},
+                    YmdCase{"Century2000Leap", {2000, 2, 29}, 36585}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+TEST(DateFromYmdRange, OutsideTheRangeIsOverflow)
+{
+    const Ymd rows[] = {{1600, 12, 31}, {10000, 1, 1}, {9999, 12, 32}, {1601, 1, 0}, {100, 1, 1},
+                        {-5, 1, 1},     {2024, 1, 2147483647},         {2147483647, 2147483647, 1}};
+    for (const Ymd &r : rows)
+        EXPECT_EQ(errorOf([&] { Date::fromYmd(r.y, r.m, r.d); }), 6) << r.y << '-' << r.m << '-' << r.d;
+}
+
+struct SerialCase {
+    const char *name;
+    double serial;
+    Date::Parts parts;
+};
+
+class DateParts : public testing::TestWithParam<SerialCase> {};
+
+TEST_P(DateParts, SplitsTheSerial)
+{
+    EXPECT_EQ(Date(GetParam().serial).parts(), GetParam().parts);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DateParts,
+    testing::Values(SerialCase{"Zero", 0, {1899, 12, 30, 0, 0, 0}},
+                    SerialCase{"BeforeEpochFractionCountsForward", -1.25, {1899, 12, 29, 6, 0, 0}},
+                    SerialCase{"NegativeHalfIsDayZeroNoon", -0.5, {1899, 12, 30, 12, 0, 0}},
+                    SerialCase{"AlmostMidnightRoundsUp", 0.99999999, {1899, 12, 31, 0, 0, 0}},
+                    SerialCase{"AlmostMidnightBeforeEpoch", -1.99999999, {1899, 12, 30, 0, 0, 0}},
+                    SerialCase{"HalfSecondRoundsUp", 1.0 + 43200.5 / 86400, {1899, 12, 31, 12, 0, 1}},
+                    SerialCase{"Evening", 45358.75, {2024, 3, 7, 18, 0, 0}},
+                    SerialCase{"LastSecond", 2958465 + 86399.0 / 86400, {9999, 12, 31, 23, 59, 59}},
+                    SerialCase{"PastTheEndClamps", 2958465.9999999999, {9999, 12, 31, 23, 59, 59}},
+                    SerialCase{"FarBelowClamps", -1e300, {1601, 1, 1, 0, 0, 0}},
+                    SerialCase{"NaNReadsAsZero", std::numeric_limits<double>::quiet_NaN(), {1899, 12, 30, 0, 0, 0}}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+struct HmsCase {
+    const char *name;
+    int h, n, s;
+    Date::Parts parts;
+};
+
+class DateFromHms : public testing::TestWithParam<HmsCase> {};
+
+TEST_P(DateFromHms, Carries)
+{
+    const HmsCase &c = GetParam();
+    EXPECT_EQ(Date::fromHms(c.h, c.n, c.s).parts(), c.parts);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DateFromHms,
+    testing::Values(HmsCase{"Plain", 14, 30, 5, {1899, 12, 30, 14, 30, 5}},
+                    HmsCase{"HourCarriesIntoDay", 25, 0, 0, {1899, 12, 31, 1, 0, 0}},
+                    HmsCase{"SecondsCarry", 0, 0, 61, {1899, 12, 30, 0, 1, 1}},
+                    HmsCase{"MinutesCarry", 0, 90, 0, {1899, 12, 30, 1, 30, 0}},
+                    HmsCase{"NegativeSecondBorrowsFromDay", 0, 0, -1, {1899, 12, 29, 23, 59, 59}},
+                    HmsCase{"NegativeMinuteBorrows", 1, -30, 0, {1899, 12, 30, 0, 30, 0}}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+TEST(DateFromHmsValue, SerialOfCarriedHourAndOverflow)
+{
+    EXPECT_DOUBLE_EQ(Date::fromHms(25, 0, 0).serial(), 1.0 + 1.0 / 24);
+    EXPECT_DOUBLE_EQ(Date::fromHms(0, 0, -1).serial(), -1.0 - 86399.0 / 86400);
+    EXPECT_EQ(Date::fromHms(23, 59, 59).serial(), 86399.0 / 86400);
+    EXPECT_EQ(errorOf([] { Date::fromHms(2147483647, 2147483647, 0); }), 6);
+}
+
+TEST(DateQt, RoundTripsThroughQDateTimeOnBothSidesOfTheEpoch)
+{
+    const QDateTime rows[] = {QDateTime(QDate(1899, 12, 29), QTime(6, 0)),
+                              QDateTime(QDate(2024, 3, 7), QTime(23, 59, 59)),
+                              QDateTime(QDate(1601, 1, 1), QTime(0, 0, 1)),
+                              QDateTime(QDate(1750, 7, 4), QTime(12, 34, 56))};
+    for (const QDateTime &dt : rows) {
+        const Date d = Date::fromQDateTime(dt);
+        EXPECT_EQ(d.toQDateTime(), dt) << dt.toString().toStdString();
+        EXPECT_EQ(d.datePart().toQDate(), dt.date());
+        EXPECT_EQ(d.timePart().toQTime(), dt.time());
+    }
+    EXPECT_DOUBLE_EQ(Date::fromQDateTime(QDateTime(QDate(1899, 12, 29), QTime(6, 0))).serial(), -1.25);
+    EXPECT_EQ(errorOf([] { Date::fromQDate(QDate()); }), 13);
+    EXPECT_EQ(errorOf([] { Date::fromQDate(QDate(1600, 12, 31)); }), 6);
+    EXPECT_FALSE(Date(std::numeric_limits<double>::infinity()).toQDate().isValid());
+}
+
+TEST(DateClock, PinnedClockGivesTodayAndNow)
+{
+    Tarnwell::Clock::pin(QDateTime(QDate(2024, 3, 7), QTime(18, 0)));
+    EXPECT_EQ(Date::today().serial(), 45358);
+    EXPECT_EQ(Date::now().serial(), 45358.75);
+    Tarnwell::Clock::unpin();
+    EXPECT_NEAR(double(Tarnwell::Clock::now().secsTo(QDateTime::currentDateTime())), 0, 5);
+}
+
+// ---- Text to date -----------------------------------------------------------------------------
+
+struct ParseCase {
+    const char *name;
+    const char *locale;
+    const char *text;
+    bool valid;
+    Date::Parts parts;
+};
+
+class DateParse : public testing::TestWithParam<ParseCase>
+{
+protected:
+    void SetUp() override { Tarnwell::Clock::pin(QDateTime(QDate(2024, 6, 15), QTime(9, 0))); }
+    void TearDown() override { Tarnwell::Clock::unpin(); }
+};
+
+TEST_P(DateParse, ReadsTextLikeTheHost)
+{
+    const ParseCase &c = GetParam();
+    const QLocale locale(QString::fromLatin1(c.locale));
+    const std::optional<Date> d = Date::parse(QString::fromUtf8(c.text), locale);
+    ASSERT_EQ(d.has_value(), c.valid) << c.text;
+    EXPECT_EQ(Date::isDateText(QString::fromUtf8(c.text), locale), c.valid);
+    if (c.valid) {
+        EXPECT_EQ(d->parts(), c.parts);
+    }
+}
+
+constexpr Date::Parts Mar7{2024, 3, 7, 0, 0, 0};
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DateParse,
+    testing::Values(
+        ParseCase{"UsSlashes", "en_US", "3/7/2024", true, Mar7},
+        ParseCase{"UsDashes", "en_US", "03-07-2024", true, Mar7},
+        ParseCase{"UsDots", "en_US", "3.7.2024", true, Mar7},
+        ParseCase{"UsBlanksAround", "en_US", "  3/7/2024  ", true, Mar7},
+        ParseCase{"UsTwoDigitYear24", "en_US", "3/7/24", true, Mar7},
+        ParseCase{"UsTwoDigitYear30", "en_US", "3/7/30", true, {1930, 3, 7, 0, 0, 0}},
+        ParseCase{"UsMonthAbove12", "en_US", "13/7/2024", false, {}},
+        ParseCase{"UsFeb30", "en_US", "2/30/2024", false, {}},
+        ParseCase{"UsFeb29NonLeap", "en_US", "2/29/2023", false, {}},
+        ParseCase{"UsFeb29Leap", "en_US", "2/29/2024", true, {2024, 2, 29, 0, 0, 0}},
+        ParseCase{"UsDayZero", "en_US", "3/0/2024", false, {}},
+        ParseCase{"YearFirst", "en_US", "2024-03-07", true, Mar7},
+        ParseCase{"UsMonthDayCurrentYear", "en_US", "3/7", true, Mar7},
+        ParseCase{"UsMonthYear", "en_US", "3/2024", true, {2024, 3, 1, 0, 0, 0}},
+        ParseCase{"BeforeRange", "en_US", "12/31/1600", false, {}},
+        ParseCase{"LastDay", "en_US", "12/31/9999", true, {9999, 12, 31, 0, 0, 0}},
+        ParseCase{"FirstDay", "en_US", "1/1/1601", true, {1601, 1, 1, 0, 0, 0}},
+        ParseCase{"UsMonthName", "en_US", "March 7, 2024", true, Mar7},
+        ParseCase{"UsMonthAbbrev", "en_US", "7-Mar-2024", true, Mar7},
+        ParseCase{"UsMonthNameLowerCase", "en_US", "7 mar 2024", true, Mar7},
+        ParseCase{"UsMonthYearName", "en_US", "Mar 2024", true, {2024, 3, 1, 0, 0, 0}},
+        ParseCase{"UsWeekdayIgnored", "en_US", "Thursday, March 7, 2024", true, Mar7},
+        ParseCase{"UsMonthNameDayOnly", "en_US", "Mar 7", true, Mar7},
+        ParseCase{"UsMonthNameFeb30", "en_US", "30 Feb 2024", false, {}},
+        ParseCase{"UsDateAndTime", "en_US", "3/7/2024 14:30", true, {2024, 3, 7, 14, 30, 0}},
+        ParseCase{"UsDateAndTimePm", "en_US", "3/7/2024 2:30:15 PM", true, {2024, 3, 7, 14, 30, 15}},
+        ParseCase{"UsTimeBeforeDate", "en_US", "2:30 PM 3/7/2024", true, {2024, 3, 7, 14, 30, 0}},
+        ParseCase{"TimeAlone", "en_US", "14:30:15", true, {1899, 12, 30, 14, 30, 15}},
+        ParseCase{"TimeAloneAm12", "en_US", "12:15 AM", true, {1899, 12, 30, 0, 15, 0}},
+        ParseCase{"TimeAlonePm12", "en_US", "12:15 PM", true, {1899, 12, 30, 12, 15, 0}},
+        ParseCase{"TimeNoSpaceMarker", "en_US", "10:30pm", true, {1899, 12, 30, 22, 30, 0}},
+        ParseCase{"TimeLetterMarker", "en_US", "10:30 p", true, {1899, 12, 30, 22, 30, 0}},
+        ParseCase{"HourWithMarker", "en_US", "3 PM", true, {1899, 12, 30, 15, 0, 0}},
+        ParseCase{"Hour13WithPmStays", "en_US", "13:30 PM", true, {1899, 12, 30, 13, 30, 0}},
+        ParseCase{"Hour24", "en_US", "24:00:00", false, {}},
+        ParseCase{"Minute60", "en_US", "12:60", false, {}},
+        ParseCase{"Second60", "en_US", "12:00:60", false, {}},
+        ParseCase{"HalfFilledMask", "en_US", "1_:__:__ AM", false, {}},
+        ParseCase{"TimeInsideDate", "en_US", "3/7 10:30 2024", false, {}},
+        ParseCase{"Empty", "en_US", "", false, {}},
+        ParseCase{"Blank", "en_US", "   ", false, {}},
+        ParseCase{"LoneNumber", "en_US", "42", false, {}},
+        ParseCase{"Garbage", "en_US", "hello", false, {}},
+        ParseCase{"TrailingJunk", "en_US", "3/7/2024x", false, {}},
+        ParseCase{"DoubleSeparator", "en_US", "3//7/2024", false, {}},
+        ParseCase{"LeadingSeparator", "en_US", "/3/7/2024", false, {}},
+        ParseCase{"FourNumbers", "en_US", "1/2/3/4", false, {}},
+        ParseCase{"HugeNumber", "en_US", "3/7/99999999999999", false, {}},
+        ParseCase{"TwoMonthNames", "en_US", "Mar Apr 2024", false, {}},
+        ParseCase{"GermanDots", "de_DE", "7.3.2024", true, Mar7},
+        ParseCase{"GermanPadded", "de_DE", "07.03.24", true, Mar7},
+        ParseCase{"GermanTrailingDot", "de_DE", "7.3.", true, Mar7},
+        ParseCase{"GermanDayMonth", "de_DE", "7.3", true, Mar7},
+        ParseCase{"GermanMonthName", "de_DE", "7. März 2024", true, Mar7},
+        ParseCase{"GermanAbbrevWithDot", "de_DE", "7. Sept. 2024", true, {2024, 9, 7, 0, 0, 0}},
+        ParseCase{"GermanEnglishNameStillRead", "de_DE", "7 March 2024", true, Mar7},
+        ParseCase{"GermanDayAbove12", "de_DE", "13.7.2024", true, {2024, 7, 13, 0, 0, 0}},
+        ParseCase{"GermanMonthAbove12", "de_DE", "7.13.2024", false, {}},
+        ParseCase{"GermanWithTime", "de_DE", "7.3.2024 18:05", true, {2024, 3, 7, 18, 5, 0}},
+        ParseCase{"BritishOrder", "en_GB", "07/03/2024", true, Mar7},
+        ParseCase{"BritishDay31", "en_GB", "31/12/2024", true, {2024, 12, 31, 0, 0, 0}},
+        ParseCase{"BritishApril31", "en_GB", "31/04/2024", false, {}},
+        ParseCase{"BritishSeptAbbrev", "en_GB", "7 Sept 2024", true, {2024, 9, 7, 0, 0, 0}}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+} // namespace
