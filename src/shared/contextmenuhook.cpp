@@ -1,0 +1,61 @@
+#include "shared/contextmenuhook.h"
+
+#include <QEvent>
+#include <QWidget>
+
+namespace Tarnwell {
+
+namespace {
+const char hookedProperty[] = "_tarnwell_contextMenuHooked";
+} // namespace
+
+ContextMenuHook *ContextMenuHook::instance()
+{
+    // Lives as long as the process; hooked widgets drop their filter themselves when destroyed.
+    static ContextMenuHook *hook = new ContextMenuHook;
+    return hook;
+}
+
+void ContextMenuHook::InstallWindowHook(QWidget *control)
+{
+    if (!control)
+        return;
+    ContextMenuHook *hook = instance();
+    // A second install on the same widget must not stack a second filter.
+    control->removeEventFilter(hook);
+    control->installEventFilter(hook);
+    control->setProperty(hookedProperty, true);
+    hook->m_last = control;
+}
+
+void ContextMenuHook::RemoveWindowHook(QWidget *control)
+{
+    if (!control)
+        return;
+    ContextMenuHook *hook = instance();
+    control->removeEventFilter(hook);
+    control->setProperty(hookedProperty, QVariant());
+    if (hook->m_last == control)
+        hook->m_last = nullptr;
+}
+
+bool ContextMenuHook::isHooked(const QWidget *control)
+{
+    return control && control->property(hookedProperty).toBool();
+}
+
+QWidget *ContextMenuHook::hookedWidget()
+{
+    return instance()->m_last;
+}
+
+bool ContextMenuHook::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ContextMenu) {
+        event->accept();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace Tarnwell

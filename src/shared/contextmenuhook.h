@@ -1,0 +1,34 @@
+#pragma once
+#include <QObject>
+#include <QPointer>
+
+class QWidget;
+
+namespace Tarnwell {
+
+// Keeps a widget's context menu from ever opening (by mouse or by the menu key) while leaving
+// every other event alone: an event filter that swallows QEvent::ContextMenu.
+//
+// The original kept the replaced window procedure in one process-wide slot, so a second install
+// overwrote it. Here each install filters its own widget and removing it unhooks exactly that
+// widget; the slot survives only as hookedWidget(), the widget hooked last.
+class ContextMenuHook : public QObject
+{
+    Q_OBJECT
+public:
+    static void InstallWindowHook(QWidget *control);
+    static void RemoveWindowHook(QWidget *control);
+    static bool isHooked(const QWidget *control);
+    static QWidget *hookedWidget();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    ContextMenuHook() = default;
+    static ContextMenuHook *instance();
+
+    QPointer<QWidget> m_last;
+};
+
+} // namespace Tarnwell

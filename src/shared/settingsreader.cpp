@@ -1,0 +1,62 @@
+#include "shared/settingsreader.h"
+
+#include "shared/filesettingsstore.h"
+
+#include <QtEndian>
+
+namespace Tarnwell {
+
+namespace {
+SettingsStore *current = nullptr;
+} // namespace
+
+SettingsStore &SettingsReader::store()
+{
+    if (current)
+        return *current;
+    static FileSettingsStore file;
+    return file;
+}
+
+void SettingsReader::setStore(SettingsStore *store)
+{
+    current = store;
+}
+
+QVariant SettingsReader::GetRegValue(SettingsStore::Handle root, const QString &subKey,
+                                     const QString &valueName)
+{
+    SettingsStore &s = store();
+    const SettingsStore::Handle key = s.openKey(root, subKey);
+    const QString text = ReadRegValue(key, valueName);
+    s.closeKey(key);
+    return QVariant(text);
+}
+
+QString SettingsReader::ReadRegValue(SettingsStore::Handle openKey, const QString &valueName)
+{
+    const SettingsStore &s = store();
+    const auto info = s.queryInfo(openKey, valueName);
+    if (!info)
+        return QString();
+    switch (info->type) {
+    case SettingsStore::RegSz: {
+        const auto bytes = s.readData(openKey, valueName);
+        if (!bytes)
+            return QString();
+        // Text without a terminating NUL is taken whole rather than refused.
+        const qsizetype nul = bytes->indexOf('\0');
+        return QString::fromUtf8(nul < 0 ? *bytes : bytes->left(nul));
+    }
+    case SettingsStore::RegBinary: {
+        const auto bytes = s.readData(openKey, valueName);
+        if (!bytes || bytes->size() < 2)
+            return QString();
+        return QString::number(qFromLittleEndian<qint16>(bytes->constData()));
+    }
+    default:
+        return QString();
+    }
+}
+
+} // namespace Tarnwell

@@ -1,0 +1,126 @@
+// Key translation both ways: what a Qt key event means to the host, and which keys a US
+// keyboard needs to type a character.
+#include "platform/keyboard.h"
+
+#include <gtest/gtest.h>
+
+#include <QKeyEvent>
+
+using Tarnwell::Keyboard;
+
+namespace {
+
+struct KeyRow {
+    const char *name;
+    int qtKey;
+    Qt::KeyboardModifiers modifiers;
+    const char16_t *text;
+    int vk;
+    int shift;
+    int ascii;
+};
+
+class KeyEventTranslation : public ::testing::TestWithParam<KeyRow> {};
+
+TEST_P(KeyEventTranslation, GivesCodeShiftAndCharacter)
+{
+    const KeyRow &row = GetParam();
+    const QKeyEvent event(QEvent::KeyPress, row.qtKey, row.modifiers,
+                          QString::fromUtf16(row.text));
+    EXPECT_EQ(Keyboard::virtualKey(event), row.vk);
+    EXPECT_EQ(Keyboard::shiftMask(event.modifiers()), row.shift);
+    EXPECT_EQ(Keyboard::keyAscii(event), row.ascii);
+}
+
+const Qt::KeyboardModifiers none = Qt::NoModifier;
+const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+const Qt::KeyboardModifiers ctrl = Qt::ControlModifier;
+const Qt::KeyboardModifiers alt = Qt::AltModifier;
+const Qt::KeyboardModifiers pad = Qt::KeypadModifier;
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, KeyEventTranslation,
+    ::testing::Values(
+        KeyRow{"LowerA", Qt::Key_A, none, u"a", 65, 0, 'a'},
+        KeyRow{"UpperA", Qt::Key_A, shift, u"A", 65, 1, 'A'},
+        KeyRow{"UpperAWithoutText", Qt::Key_A, shift, u"", 65, 1, 'A'},
+        KeyRow{"LowerZWithoutText", Qt::Key_Z, none, u"", 90, 0, 'z'},
+        KeyRow{"Digit7", Qt::Key_7, none, u"7", 55, 0, '7'},
+        KeyRow{"ExclamationIsShift1", Qt::Key_Exclam, shift, u"!", 49, 1, '!'},
+        KeyRow{"Semicolon", Qt::Key_Semicolon, none, u";", 186, 0, ';'},
+        KeyRow{"Colon", Qt::Key_Colon, shift, u":", 186, 1, ':'},
+        KeyRow{"Minus", Qt::Key_Minus, none, u"-", 189, 0, '-'},
+        KeyRow{"Period", Qt::Key_Period, none, u".", 190, 0, '.'},
+        KeyRow{"Comma", Qt::Key_Comma, none, u",", 188, 0, ','},
+        KeyRow{"Quote", Qt::Key_QuoteDbl, shift, u"\"", 222, 1, '"'},
+        KeyRow{"Space", Qt::Key_Space, none, u" ", 32, 0, ' '},
+        KeyRow{"Enter", Qt::Key_Return, none, u"\r", 13, 0, 13},
+        KeyRow{"KeypadEnter", Qt::Key_Enter, pad, u"\r", 13, 0, 13},
+        KeyRow{"Tab", Qt::Key_Tab, none, u"\t", 9, 0, 9},
+        KeyRow{"Backspace", Qt::Key_Backspace, none, u"\b", 8, 0, 8},
+        KeyRow{"Escape", Qt::Key_Escape, none, u"\x1b", 27, 0, 27},
+        KeyRow{"CtrlC", Qt::Key_C, ctrl, u"\x03", 67, 2, 3},
+        KeyRow{"CtrlVWithoutText", Qt::Key_V, ctrl, u"", 86, 2, 22},
+        KeyRow{"CtrlX", Qt::Key_X, ctrl, u"\x18", 88, 2, 24},
+        KeyRow{"CtrlShiftZ", Qt::Key_Z, ctrl | shift, u"\x1a", 90, 3, 26},
+        KeyRow{"CtrlDigitTypesNothing", Qt::Key_5, ctrl, u"", 53, 2, 0},
+        KeyRow{"AltLetterTypesNothing", Qt::Key_F, alt, u"f", 70, 4, 0},
+        KeyRow{"AltGrThirdLevel", Qt::Key_At, ctrl | alt, u"@", 50, 6, '@'},
+        KeyRow{"Delete", Qt::Key_Delete, none, u"", 46, 0, 0},
+        KeyRow{"Insert", Qt::Key_Insert, shift, u"", 45, 1, 0},
+        KeyRow{"Home", Qt::Key_Home, none, u"", 36, 0, 0},
+        KeyRow{"End", Qt::Key_End, none, u"", 35, 0, 0},
+        KeyRow{"Left", Qt::Key_Left, none, u"", 37, 0, 0},
+        KeyRow{"Up", Qt::Key_Up, none, u"", 38, 0, 0},
+        KeyRow{"Right", Qt::Key_Right, none, u"", 39, 0, 0},
+        KeyRow{"Down", Qt::Key_Down, none, u"", 40, 0, 0},
+        KeyRow{"PageUp", Qt::Key_PageUp, none, u"", 33, 0, 0},
+        KeyRow{"F1", Qt::Key_F1, none, u"", 112, 0, 0},
+        KeyRow{"F4", Qt::Key_F4, alt, u"", 115, 4, 0},
+        KeyRow{"ShiftPressedAlone", Qt::Key_Shift, none, u"", 16, 1, 0},
+        KeyRow{"Numpad5", Qt::Key_5, pad, u"5", 101, 0, '5'},
+        KeyRow{"NumpadPlus", Qt::Key_Plus, pad, u"+", 107, 0, '+'},
+        KeyRow{"NumpadDecimal", Qt::Key_Period, pad, u".", 110, 0, '.'},
+        KeyRow{"LatinOneEacute", Qt::Key_Eacute, none, u"\u00e9", 0, 0, 0xE9},
+        KeyRow{"AboveLatinOneKeptAsUtf16", Qt::Key_unknown, none, u"\u20ac", 0, 0, 0x20AC}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+struct ScanRow {
+    const char *name;
+    char16_t ch;
+    int code; // -1: no key types it
+};
+
+class CharacterToKeys : public ::testing::TestWithParam<ScanRow> {};
+
+TEST_P(CharacterToKeys, FollowsUsLayout)
+{
+    EXPECT_EQ(Keyboard::vkKeyScan(QChar(GetParam().ch)), GetParam().code);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Characters, CharacterToKeys,
+    ::testing::Values(ScanRow{"LowerA", u'a', 0x41}, ScanRow{"UpperANeedsShift", u'A', 0x141},
+                      ScanRow{"Exclamation", u'!', 0x131}, ScanRow{"RightParen", u')', 0x130},
+                      ScanRow{"Tab", u'\t', 0x09}, ScanRow{"Enter", u'\r', 0x0D},
+                      ScanRow{"LineFeedIsCtrlEnter", u'\n', 0x20D},
+                      ScanRow{"CtrlC", u'\x03', 0x243}, ScanRow{"Tilde", u'~', 0x1C0},
+                      ScanRow{"Backslash", u'\\', 0xDC}, ScanRow{"Pipe", u'|', 0x1DC},
+                      ScanRow{"Question", u'?', 0x1BF}, ScanRow{"Space", u' ', 0x20},
+                      ScanRow{"EacuteHasNoKey", u'\u00e9', -1}, ScanRow{"EuroHasNoKey", u'\u20ac', -1},
+                      ScanRow{"NulHasNoKey", u'\0', -1}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+// Every key a US layout types maps back to a Qt key and to the same text, so synthesised
+// keystrokes type what they were asked to.
+TEST(KeyboardRoundTrip, PrintableAsciiSurvivesKeyAndText)
+{
+    for (char16_t c = 0x20; c < 0x7F; ++c) {
+        const int code = Keyboard::vkKeyScan(QChar(c));
+        ASSERT_GT(code, 0) << "char " << int(c);
+        EXPECT_NE(Keyboard::qtKey(code & 0xFF), 0) << "char " << int(c);
+        EXPECT_EQ(Keyboard::textFor(code & 0xFF, code >> 8), QString(QChar(c))) << "char " << int(c);
+    }
+}
+
+} // namespace

@@ -1,0 +1,118 @@
+// The settings reader's value-type rules over an injected store, and the per-user file store.
+#include "shared/filesettingsstore.h"
+#include "shared/memorysettingsstore.h"
+#include "shared/settingsreader.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QStyle>
+#include <QTemporaryDir>
+
+using namespace Tarnwell;
+
+namespace {
+
+const QString intl = QStringLiteral("Control Panel\\International");
+constexpr SettingsStore::Handle hkcu = SettingsReader::HKeyCurrentUser;
+
+class InjectedStore : public ::testing::Test
+{
+protected:
+    void SetUp() override { SettingsReader::setStore(&store); }
+    void TearDown() override { SettingsReader::setStore(nullptr); }
+    MemorySettingsStore store;
+};
+
+struct TypeRow {
+    const char *name;
+    int type;
+    QByteArray data;
+    QString expected;
+};
+
+class ValueTypeRules : public InjectedStore, public ::testing::WithParamInterface<TypeRow> {};
+
+TEST_P(ValueTypeRules, ReadsAsText)
+{
+    store.setValue(hkcu, intl, QStringLiteral("v"), GetParam().type, GetParam().data);
+    const QVariant v = SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("v"));
+    EXPECT_EQ(v.typeId(), QMetaType::QString);
+    EXPECT_EQ(v.toString(), GetParam().expected);
+    EXPECT_EQ(store.openKeyCount(), 0) << "the key must be closed again";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, ValueTypeRules,
+    ::testing::Values(
+        TypeRow{"SzUpToNul", SettingsStore::RegSz, QByteArray("2\0junk", 6), "2"},
+        TypeRow{"SzWithoutNulWhole", SettingsStore::RegSz, QByteArray("-255"), "-255"},
+        TypeRow{"SzEmpty", SettingsStore::RegSz, QByteArray("\0", 1), ""},
+        TypeRow{"SzUtf8", SettingsStore::RegSz, QByteArray("\xe2\x82\xac\0", 4), QString(QChar(0x20AC))},
+        TypeRow{"BinaryNegative", SettingsStore::RegBinary, QByteArray("\xF1\xFE", 2), "-271"},
+        TypeRow{"BinaryFirstTwoBytesOnly", SettingsStore::RegBinary, QByteArray("\x10\x00\xff\xff", 4), "16"},
+        TypeRow{"BinaryMaxPositive", SettingsStore::RegBinary, QByteArray("\xff\x7f", 2), "32767"},
+        TypeRow{"BinaryOneByte", SettingsStore::RegBinary, QByteArray("\x05", 1), ""},
+        TypeRow{"BinaryEmpty", SettingsStore::RegBinary, QByteArray(), ""},
+        TypeRow{"DwordIgnored", SettingsStore::RegDword, QByteArray("\x02\0\0\0", 4), ""},
+        TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""},
+        TypeRow{"UnknownTypeIgnored", 7, QByteArray("2\0", 2), ""}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+TEST_F(InjectedStore, EveryFailureIsEmptyText)
+{
+    store.setString(hkcu, intl, QStringLiteral("iDigits"), QStringLiteral("3"));
+    store.setString(hkcu, intl, QStringLiteral("iCurrDigits"), QStringLiteral("2"));
+    store.setFailingRead(hkcu, intl, QStringLiteral("iCurrDigits"));
+
+    struct {
+        const char *name;
+        SettingsStore::Handle root;
+        QString key, value, expected;
+    } rows[] = {
+        {"present", hkcu, intl, "iDigits", "3"},
+        {"names ignore case", hkcu, "control panel\\INTERNATIONAL", "IDIGITS", "3"},
+        {"missing value", hkcu, intl, "sDecimal", ""},
+        {"missing key", hkcu, "Control Panel\\Nowhere", "iDigits", ""},
+        {"other root", SettingsStore::LocalMachine, intl, "iDigits", ""},
+        {"not a root", 12345, intl, "iDigits", ""},
+        {"second read fails", hkcu, intl, "iCurrDigits", ""},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(SettingsReader::GetRegValue(row.root, row.key, row.value).toString(), row.expected)
+            << row.name;
+    }
+    EXPECT_EQ(store.openKeyCount(), 0);
+    EXPECT_EQ(SettingsReader::ReadRegValue(0, QStringLiteral("iDigits")), QString());
+}
+
+TEST(FileSettingsStore, ReadsTypedValuesAndReportsScrollWidth)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    FileSettingsStore file(dir.filePath(QStringLiteral("settings.ini")));
+    SettingsReader::setStore(&file);
+
+    const QString metrics = QStringLiteral("Control Panel\\Desktop\\WindowMetrics");
+    const int extent = qApp->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, metrics, QStringLiteral("ScrollWidth")).toString(),
+              QString::number(-extent * 15))
+        << "no file: the style's extent in negative twips";
+
+    file.setValue(hkcu, intl, QStringLiteral("iDigits"), SettingsStore::RegSz, QByteArray("3\0", 2));
+    file.setValue(hkcu, intl, QStringLiteral("sList"), SettingsStore::RegSz, QByteArray("a, b\0", 5));
+    file.setValue(hkcu, intl, QStringLiteral("Bin"), SettingsStore::RegBinary, QByteArray("\xF1\xFE", 2));
+    file.setValue(hkcu, intl, QStringLiteral("Dw"), SettingsStore::RegDword, QByteArray("\x07\0\0\0", 4));
+    file.setValue(hkcu, metrics, QStringLiteral("ScrollWidth"), SettingsStore::RegSz, QByteArray("-300\0", 5));
+
+    FileSettingsStore reread(file.fileName()); // what another process would see
+    SettingsReader::setStore(&reread);
+    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("idigits")).toString(), "3");
+    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("sList")).toString(), "a, b");
+    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("Bin")).toString(), "-271");
+    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("Dw")).toString(), "");
+    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, metrics, QStringLiteral("ScrollWidth")).toString(), "-300");
+    SettingsReader::setStore(nullptr);
+}
+
+} // namespace
