@@ -1,0 +1,144 @@
+#include "numberbox/numberdisplay.h"
+
+#include "numberbox/numbertype.h"
+#include "numberbox/textworkspace.h"
+#include "platform/numberformat.h"
+
+#include <algorithm>
+
+namespace Tarnwell {
+
+namespace {
+
+bool isAsciiDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+QChar firstCharOf(const QString &s, QChar fallback)
+{
+    return s.isEmpty() ? fallback : s.front();
+}
+
+} // namespace
+
+NumberDisplay::NumberDisplay(const QLocale &locale)
+    : m_locale(locale)
+{
+    const QString sample = NumberFormat::format(QVariant(1000), QStringLiteral("#,##0.00"), locale);
+    m_thousands = sample.size() > 1 ? sample.at(1) : QChar();
+    m_decimal = sample.size() > 5 ? sample.at(5) : QChar();
+    if (m_thousands.isNull() || isAsciiDigit(m_thousands) || m_decimal.isNull()
+        || isAsciiDigit(m_decimal) || m_thousands == m_decimal) {
+        m_thousands = firstCharOf(locale.groupSeparator(), u',');
+        m_decimal = firstCharOf(locale.decimalPoint(), u'.');
+    }
+    const QString minus = NumberFormat::format(QVariant(-1), QStringLiteral("0"), locale);
+    m_minus = minus.size() == 2 && minus.at(1) == u'1' ? minus.at(0) : QChar(u'-');
+}
+
+QString NumberDisplay::BuildFormatString() const
+{
+    QString pattern = m_thousandSeparator ? QStringLiteral("#,##0") : QStringLiteral("##0");
+    if (m_decimalPlaces != 0) {
+        pattern += u'.';
+        pattern += QString(m_decimalPlaces, u'0');
+    }
+    return pattern;
+}
+
+bool NumberDisplay::symbolShown() const
+{
+    return (m_showCurrencySymbol == twLeft || m_showCurrencySymbol == twRight)
+        && !m_currencySymbol.isEmpty();
+}
+
+int NumberDisplay::leftSymbolLength(const QString &text) const
+{
+    if (symbolShown() && m_showCurrencySymbol == twLeft && text.startsWith(m_currencySymbol))
+        return int(m_currencySymbol.size());
+    return 0;
+}
+
+QString NumberDisplay::stripped(const QString &text) const
+{
+    if (!symbolShown())
+        return text;
+    if (m_showCurrencySymbol == twLeft && text.startsWith(m_currencySymbol))
+        return text.mid(m_currencySymbol.size());
+    if (m_showCurrencySymbol == twRight && text.endsWith(m_currencySymbol))
+        return text.left(text.size() - m_currencySymbol.size());
+    return text;
+}
+
+void NumberDisplay::StripCurrencySymbol(TextWorkspace &box) const
+{
+    if (!symbolShown())
+        return;
+    const QString &text = box.Text();
+    const int symbolLength = int(m_currencySymbol.size());
+    int start = box.SelStart();
+    int length = box.SelLength();
+    QString bare;
+    if (m_showCurrencySymbol == twLeft) {
+        if (!text.startsWith(m_currencySymbol))
+            return;
+        bare = text.mid(symbolLength);
+        if (start <= symbolLength) {
+            length = std::max(0, length + start - symbolLength);
+            start = 0;
+        } else {
+            start -= symbolLength;
+        }
+    } else {
+        if (!text.endsWith(m_currencySymbol))
+            return;
+        bare = text.left(text.size() - symbolLength);
+    }
+    box.setText(bare);
+    box.setSelStart(start);
+    box.setSelLength(length);
+}
+
+void NumberDisplay::AddCurrencySymbol(TextWorkspace &box) const
+{
+    if (!symbolShown())
+        return;
+    const int start = box.SelStart();
+    if (m_showCurrencySymbol == twLeft) {
+        box.setText(m_currencySymbol + box.Text());
+        box.setSelStart(start + int(m_currencySymbol.size()));
+    } else {
+        box.setText(box.Text() + m_currencySymbol);
+        box.setSelStart(start);
+    }
+}
+
+QString NumberDisplay::withSymbol(const QString &number) const
+{
+    if (!symbolShown())
+        return number;
+    return m_showCurrencySymbol == twLeft ? m_currencySymbol + number : number + m_currencySymbol;
+}
+
+QString NumberDisplay::formatNumber(const QVariant &value, int dataType) const
+{
+    return NumberFormat::format(NumberType::ConvertToType(value, dataType, m_locale),
+                                BuildFormatString(), m_locale);
+}
+
+QString NumberDisplay::formatValue(const QVariant &value, int dataType) const
+{
+    return withSymbol(formatNumber(value, dataType));
+}
+
+NumberDisplay::ColorRole NumberDisplay::colorRole(bool enabled, bool useNegativeColor,
+                                                  const QVariant &value)
+{
+    const bool negative = useNegativeColor && NumberType::isNegative(value);
+    if (enabled)
+        return negative ? NegativeColorRole : ForeColorRole;
+    return negative ? NegativeDisabledColorRole : DisabledColorRole;
+}
+
+} // namespace Tarnwell
