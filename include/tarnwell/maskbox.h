@@ -1,0 +1,117 @@
+#pragma once
+#include <tarnwell/constants.h>
+#include <tarnwell/controlframe.h>
+#include <tarnwell/global.h>
+
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+namespace Tarnwell {
+
+class MaskEngine;
+class PropertyBag;
+
+// A text box constrained by an input mask. Placeholders take one typed character of a class
+// ("#" digit, "@" letter, "?" either, "&" any); every other mask character is a literal that is
+// shown and never typed over ("\" makes the next mask character a literal). Unfilled positions
+// show a space. Typing works in insert style: characters after the caret move right, literals
+// stay where the mask puts them, and an edit that would put any character where it does not
+// fit is refused as a whole.
+//
+// Text that arrives around the keys (Shift+Insert, the text box's context menu, a drop) is taken
+// as it is and brought back to the mask when the focus leaves the control; a character that
+// does not fit its position then clears the text.
+//
+// CharCase takes only the three documented constants; any other value is refused with Error(380)
+// both as a property and in a property bag, so that typed characters and Value never disagree
+// about the case of the same text.
+class TARNWELL_EXPORT MaskBox : public ControlFrame
+{
+    Q_OBJECT
+    Q_CLASSINFO("DefaultProperty", "Value")
+    // Help strings of the host's property browser, one entry "Help:<property>" each.
+    Q_CLASSINFO("Help:Mask", "Returns/sets the mask.")
+    Q_CLASSINFO("Help:Value", "Returns/Sets the value.")
+    Q_CLASSINFO("Help:Text", "Returns the text contained in the control.")
+    Q_CLASSINFO("Help:CharCase",
+                "Set/returns when the characteres will be transformed to Upper Case or Lower Case.")
+    Q_CLASSINFO("Help:PromptInclude",
+                "Specifies whether prompt characters are contained in the Value property value.")
+    Q_CLASSINFO("Help:NullIfEmpty",
+                "Set/returns whetrer the value properties returns Null or Empty if the data is invalid.")
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
+    Q_PROPERTY(Tarnwell::twCharCaseConstants CharCase READ CharCase WRITE setCharCase)
+    Q_PROPERTY(QString Text READ Text WRITE setText STORED false)
+    Q_PROPERTY(QString Mask READ Mask WRITE setMask)
+    Q_PROPERTY(bool PromptInclude READ PromptInclude WRITE setPromptInclude)
+
+public:
+    explicit MaskBox(QWidget *parent = nullptr);
+    ~MaskBox() override;
+
+    // The help string of a property ("Help:<name>" class information), empty for none.
+    static QString helpString(const char *propertyName);
+
+    // The raw value: the characters of the input positions, CharCase applied, with every space
+    // removed unless PromptInclude. Null (NullIfEmpty) or Empty while the check box is shown and
+    // unticked.
+    QVariant Value() const;
+    // Formats the value (as a string) into the mask; a value that does not fit empties the text.
+    // Null empties it and unticks the check box; any other value ticks it. Error(387) at design
+    // time, Error(13) for a value with no text form; nothing happens when the host's
+    // can-property-change query refuses.
+    void setValue(const QVariant &value);
+
+    twCharCaseConstants CharCase() const { return m_charCase; }
+    // Applies to characters typed from now on and to the text when the focus leaves.
+    void setCharCase(twCharCaseConstants charCase);
+
+    // The text as shown, literals and prompt spaces included; empty while the check box is shown
+    // and unticked.
+    QString Text() const;
+    // Always refused: Error(382) at run time, Error(387) at design time.
+    void setText(const QString &text);
+
+    QString Mask() const;
+    // At run time the present value is re-formatted into the new mask (an empty text when its
+    // characters do not fit the new classes); at design time the box shows the mask itself.
+    // Raises Change. Error(6) for a mask of more than 32767 positions.
+    void setMask(const QString &mask);
+
+    bool PromptInclude() const { return m_promptInclude; }
+    void setPromptInclude(bool on);
+
+    // Persistence: defaults of a new control; the property bag, key by key.
+    Q_INVOKABLE void InitProperties();
+    // A bad value in the bag throws Error(380) (Error(6) for an oversized mask) and leaves the
+    // control as it was.
+    Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
+    Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void handleKeyDown(short &keyCode, short &shift) override;
+    void handleKeyPress(short &keyAscii) override;
+    void onExitFocus() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void maskKeyPress(short keyAscii);
+    void typeCommitted(const QString &text);
+    void normalise();
+    void readAll(const PropertyBag &bag);
+    // Writes Text1 only when the text differs, so that an unchanged text keeps its caret.
+    void setText1(const QString &text);
+    QString formatted(const QString &raw) const;
+
+    std::unique_ptr<MaskEngine> m_engine;
+    twCharCaseConstants m_charCase = twAnyCase;
+    bool m_promptInclude = true;
+    bool m_normalisePending = false;
+};
+
+} // namespace Tarnwell
