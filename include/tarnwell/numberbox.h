@@ -1,0 +1,187 @@
+#pragma once
+#include <tarnwell/constants.h>
+#include <tarnwell/controlframe.h>
+#include <tarnwell/global.h>
+#include <tarnwell/olecolor.h>
+
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+class QLineEdit;
+
+namespace Tarnwell {
+
+class NumberDisplay;
+class NumberEditor;
+class PropertyBag;
+class TextWorkspace;
+class UpDownButton;
+struct NumberEditResult;
+struct NumberEditState;
+
+// A text box for one number of a chosen data type (DataType), shown formatted with grouping,
+// a fixed number of decimals and an optional currency symbol, in a colour that marks negative
+// numbers. Every keystroke, paste and drop goes through the number editor; no path leaves
+// anything but a well-formed number in the inner text box Text1.
+//
+// Value, Minimum, Maximum and Increment are variants of the data type: Currency and Decimal stay
+// exact end to end. Refused sets throw Tarnwell::Error (13 not a number, 6 outside the type's
+// limits) and leave the control unchanged; a Value outside Minimum..Maximum is ignored silently
+// and a value typed or stepped out of that range is repaired when the focus leaves.
+class TARNWELL_EXPORT NumberBox : public ControlFrame
+{
+    Q_OBJECT
+    Q_CLASSINFO("DefaultProperty", "Value")
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue)
+    Q_PROPERTY(Tarnwell::twDataTypeConstants DataType READ DataType WRITE setDataType)
+    Q_PROPERTY(QVariant Minimum READ Minimum WRITE setMinimum)
+    Q_PROPERTY(QVariant Maximum READ Maximum WRITE setMaximum)
+    Q_PROPERTY(QVariant Increment READ Increment WRITE setIncrement)
+    Q_PROPERTY(short DecimalPlaces READ DecimalPlaces WRITE setDecimalPlaces)
+    Q_PROPERTY(short MaxDecimalPlaces READ MaxDecimalPlaces WRITE setMaxDecimalPlaces STORED false)
+    Q_PROPERTY(bool ThousandSeparator READ ThousandSeparator WRITE setThousandSeparator)
+    Q_PROPERTY(QString CurrencySymbol READ CurrencySymbol WRITE setCurrencySymbol)
+    Q_PROPERTY(Tarnwell::twCurrencyPositionConstants ShowCurrencySymbol READ ShowCurrencySymbol
+                   WRITE setShowCurrencySymbol)
+    Q_PROPERTY(bool UpDown READ UpDown WRITE setUpDown)
+    Q_PROPERTY(bool InterceptArrowKeys READ InterceptArrowKeys WRITE setInterceptArrowKeys)
+    Q_PROPERTY(Tarnwell::OleColor NegativeColor READ NegativeColor WRITE setNegativeColor)
+    Q_PROPERTY(Tarnwell::OleColor NegativeDisabledColor READ NegativeDisabledColor
+                   WRITE setNegativeDisabledColor)
+    Q_PROPERTY(bool UseNegativeColor READ UseNegativeColor WRITE setUseNegativeColor)
+    Q_PROPERTY(QString ToolTip READ ToolTip WRITE setToolTip)
+    Q_PROPERTY(QString Text READ Text WRITE setText DESIGNABLE false STORED false)
+
+public:
+    // Default colours of the negative text (RGB 192,0,0 and 255,128,128).
+    static constexpr std::uint32_t DefaultNegativeColor = 192;
+    static constexpr std::uint32_t DefaultNegativeDisabledColor = 0x8080FF;
+
+    explicit NumberBox(QWidget *parent = nullptr);
+    ~NumberBox() override;
+
+    // The number converted to DataType; Empty (or Null with NullIfEmpty) while the check box is
+    // shown and cleared. A set takes any numeric variant or text; Null clears the check box.
+    QVariant Value() const;
+    void setValue(const QVariant &value);
+
+    // Resets Minimum, Maximum, Increment, Value and DecimalPlaces for the type. Values outside
+    // the constants are stored as they are and hold nothing (limits and conversions Empty).
+    twDataTypeConstants DataType() const { return static_cast<twDataTypeConstants>(m_dataType); }
+    void setDataType(int dataType);
+
+    QVariant Minimum() const { return m_minimum; }
+    void setMinimum(const QVariant &minimum);
+    QVariant Maximum() const { return m_maximum; }
+    void setMaximum(const QVariant &maximum);
+    QVariant Increment() const { return m_increment; }
+    void setIncrement(const QVariant &increment);
+
+    // 0..MaxDecimalPlaces; anything else is ignored.
+    qint16 DecimalPlaces() const;
+    void setDecimalPlaces(qint16 places);
+    // The user's regional digits for the data type (2 when unset). Read-only: a set throws 387
+    // at design time and 382 at run time.
+    qint16 MaxDecimalPlaces() const;
+    void setMaxDecimalPlaces(qint16 places);
+
+    bool ThousandSeparator() const;
+    void setThousandSeparator(bool on);
+    QString CurrencySymbol() const;
+    void setCurrencySymbol(const QString &symbol);
+    twCurrencyPositionConstants ShowCurrencySymbol() const;
+    void setShowCurrencySymbol(twCurrencyPositionConstants position); // Error(380) outside 0..2
+
+    // Switching the buttons on or off also switches arrow-key stepping with them.
+    bool UpDown() const { return m_upDown; }
+    void setUpDown(bool on);
+    bool InterceptArrowKeys() const { return m_interceptArrowKeys; }
+    void setInterceptArrowKeys(bool on);
+
+    OleColor NegativeColor() const { return m_negativeColor; }
+    void setNegativeColor(OleColor color);
+    OleColor NegativeDisabledColor() const { return m_negativeDisabledColor; }
+    void setNegativeDisabledColor(OleColor color);
+    bool UseNegativeColor() const { return m_useNegativeColor; }
+    void setUseNegativeColor(bool on);
+
+    // Also the tool tip of the up-down buttons.
+    void setToolTip(const QString &text);
+
+    // The shown text. It cannot be set (387 at design time, 382 at run time): the text is
+    // always the formatted Value.
+    QString Text() const;
+    void setText(const QString &text);
+
+    // Replaces the selection through the number editor, as a paste would; a text that would not
+    // leave a number throws Error(380) and changes nothing.
+    void setSelText(const QString &text) override;
+
+    Q_INVOKABLE void InitProperties();
+    // A bag value that cannot be read throws Error(380) and leaves the control as it was.
+    Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
+    Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
+
+    // The up-down buttons' width in twips: the user's ScrollWidth, made positive.
+    static int upDownWidthTwips();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void handleKeyDown(short &keyCode, short &shift) override;
+    void handleKeyPress(short &keyAscii) override;
+    void onTextChanged() override;
+    void onExitFocus() override;
+    void afterCheckClick() override;
+    void relayout() override;
+    void applyTextColor() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void readAll(const PropertyBag &bag);
+    NumberEditState editState() const;
+    // Writes an accepted edit: the value first (the colour rule reads it), then text and caret.
+    void apply(const NumberEditResult &result);
+    void writeText1(const QString &text, int selStart, int selLength);
+    void ShowValue();
+    void Step(bool up);
+    void paste(const QString &text);
+    void upDownChanged();
+    void enableUpDown();
+    void refreshTextColor();
+    // Text1 took a text no edit of ours wrote (drag move, input method...): keep it if it is a
+    // number, else put the last shown text back.
+    void normaliseForeignText(const QString &text);
+    bool filterDrop(QEvent *event);
+    QVariant convert(const QVariant &value) const;
+    bool inRange(const QVariant &value, bool useMinMax) const;
+    // Error 13 for a non-number, 6 outside the type's limits.
+    void validateNumber(const QVariant &value) const;
+
+    std::unique_ptr<NumberDisplay> m_display;
+    std::unique_ptr<NumberEditor> m_editor;
+    std::unique_ptr<TextWorkspace> m_text2;
+    QLineEdit *m_text3 = nullptr;
+    UpDownButton *m_upDown1 = nullptr;
+
+    int m_dataType = twCurrency;
+    QVariant m_value;
+    QVariant m_minimum;
+    QVariant m_maximum;
+    QVariant m_increment;
+    bool m_upDown = false;
+    bool m_interceptArrowKeys = false;
+    OleColor m_negativeColor = DefaultNegativeColor;
+    OleColor m_negativeDisabledColor = DefaultNegativeDisabledColor;
+    bool m_useNegativeColor = true;
+
+    QString m_shownText;      // what our own edits last wrote into Text1
+    int m_appliedColorRole = -1;
+    bool m_stepping = false;
+    bool m_normalising = false;
+};
+
+} // namespace Tarnwell
