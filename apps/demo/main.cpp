@@ -1,10 +1,73 @@
+// Tarnwell's demo: a customer order form built from the library's controls, with every event
+// they raise logged beside it.
+#include "demooptions.h"
+#include "demowindow.h"
+#include "demoform.h"
+
 #include <QApplication>
-#include <QLabel>
+#include <QFontDatabase>
+
+#include <cstdio>
+
+using Tarnwell::Demo::DemoOptions;
+using Tarnwell::Demo::DemoWindow;
+
+namespace {
+
+void fail(const QString &message)
+{
+    std::fprintf(stderr, "tarnwell-demo: %s\n", qPrintable(message));
+}
+
+// Offscreen there is no desktop font to inherit; DejaVu renders legibly wherever it is installed.
+void chooseOffscreenFont()
+{
+    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+        return;
+    if (QFontDatabase::families().contains(QStringLiteral("DejaVu Sans")))
+        QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
-    QLabel label(QStringLiteral("Tarnwell"));
-    label.show();
-    return app.exec();
+    QApplication::setApplicationName(QStringLiteral("tarnwell-demo"));
+    const DemoOptions options = DemoOptions::parse(QApplication::arguments());
+    if (options.help) {
+        std::fputs(qPrintable(DemoOptions::usage()), stdout);
+        return 0;
+    }
+    if (!options.error.isEmpty()) {
+        fail(options.error);
+        std::fputs(qPrintable(DemoOptions::usage()), stderr);
+        return 2;
+    }
+    chooseOffscreenFont();
+
+    DemoWindow window;
+    QString error;
+    if (!options.loadFile.isEmpty() && !window.loadFrom(options.loadFile, &error)) {
+        fail(error);
+        return 1;
+    }
+    window.show();
+    if (options.sample)
+        window.form()->typeSampleOrder();
+    window.setDesignMode(options.design);
+    if (!options.batch())
+        return app.exec();
+
+    // Let the window lay itself out and paint before it is saved or rendered.
+    QApplication::processEvents();
+    if (!options.saveFile.isEmpty() && !window.saveTo(options.saveFile, &error)) {
+        fail(error);
+        return 1;
+    }
+    if (!options.screenshotFile.isEmpty() && !window.renderTo(options.screenshotFile, &error)) {
+        fail(error);
+        return 1;
+    }
+    return 0;
 }

@@ -1,0 +1,43 @@
+#pragma once
+// The demo's main window: the customer order form beside the event log, with run/design mode
+// and the form's save and load.
+#include <QMainWindow>
+
+class QAction;
+class QLabel;
+
+namespace Tarnwell::Demo {
+
+class DemoForm;
+class EventLog;
+
+class DemoWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit DemoWindow(QWidget *parent = nullptr);
+
+    DemoForm *form() const { return m_form; }
+    EventLog *log() const { return m_log; }
+
+    // Each returns false with `error` set; nothing is changed by a failed load.
+    bool saveTo(const QString &path, QString *error);
+    bool loadFrom(const QString &path, QString *error);
+    // Renders the window as it stands into a PNG.
+    bool renderTo(const QString &path, QString *error);
+
+    void setDesignMode(bool design);
+
+private:
+    void createActions();
+    void saveInteractively();
+    void loadInteractively();
+
+    DemoForm *m_form;
+    EventLog *m_log;
+    QAction *m_runAction;
+    QAction *m_designAction;
+    QLabel *m_modeLabel;
+};
+
+} // namespace Tarnwell::Demo
