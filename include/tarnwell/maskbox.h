@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QInputMethodEvent;
+
 namespace Tarnwell {
 
 class MaskEngine;
@@ -102,6 +104,7 @@ protected:
 private:
     void maskKeyPress(short keyAscii);
     void typeCommitted(const QString &text);
+    bool filterCommitted(QInputMethodEvent *event);
     void normalise();
     void readAll(const PropertyBag &bag);
     // Writes Text1 only when the text differs, so that an unchanged text keeps its caret.

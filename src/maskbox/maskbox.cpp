@@ -272,8 +272,41 @@ void MaskBox::typeCommitted(const QString &text)
     }
 }
 
+// Without a mask the text box takes composed characters itself, but only as the host's keyPress
+// and CharCase leave them, as if each had been typed.
+bool MaskBox::filterCommitted(QInputMethodEvent *event)
+{
+    const QString committed = event->commitString();
+    if (committed.isEmpty())
+        return false;
+    QPointer<MaskBox> self(this);
+    QString typed;
+    typed.reserve(committed.size());
+    for (const QChar c : committed) {
+        short keyAscii = short(c.unicode());
+        emit keyPress(keyAscii);
+        if (!self)
+            return true;
+        if (keyAscii != 0)
+            handleKeyPress(keyAscii);
+        if (keyAscii != 0)
+            typed.append(charOf(keyAscii));
+    }
+    if (typed != committed)
+        event->setCommitString(typed, event->replacementStart(), event->replacementLength());
+    return false;
+}
+
 bool MaskBox::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == Text1() && event->type() == QEvent::InputMethod && m_engine->isEmpty()) {
+        try {
+            if (filterCommitted(static_cast<QInputMethodEvent *>(event)))
+                return true;
+        } catch (...) {
+            return true;
+        }
+    }
     if (watched == Text1() && !m_engine->isEmpty()) {
         if (event->type() == QEvent::InputMethod) {
             try {

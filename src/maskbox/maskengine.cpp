@@ -164,7 +164,7 @@ bool MaskEngine::accepts(int kind, QChar c)
     case DigitOrLetter:
         return u == u' ' || isAsciiDigit(u) || isAsciiLetter(u);
     case AnyCharacter:
-        return u >= 32 && u != 127;
+        return true;
     default:
         return false;
     }

@@ -37,16 +37,15 @@ struct MaskEditResult
 //
 // The mask language:
 //   #  a digit "0"-"9" or a space         @  an ASCII letter "A"-"Z", "a"-"z" or a space
-//   ?  a digit, an ASCII letter or space   &  any character that is not a control character
+//   ?  a digit, an ASCII letter or space   &  any character at all
 //   \  the next mask character is a literal, whatever it is ("\#" a hash sign, "\\" a backslash);
 //      a lone backslash at the very end of the mask is ignored
 //   anything else is a literal: shown, never typed over.
 // The space is the prompt: an unfilled input position shows a space and every placeholder takes
-// it. Accented and other non-ASCII letters fit "&" only. Control characters (codes 0-31 and 127,
-// which reach a text only by pasting) fit no position at all, so a text holding one can neither
-// be formatted nor edited into a valid state. Characters above 255, which also arrive only by
-// pasting or a host's key filter, fit "&" like any other printable character. Each UTF-16 code
-// unit is one character.
+// it. Accented and other non-ASCII letters fit "&" only. The key handler lets only codes 32-126
+// and 128-255 be typed, but "&" itself checks nothing: control characters and characters above
+// 255, which arrive only by pasting, an input method or a host's key filter, stay where they
+// fit "&" and spoil any other position. Each UTF-16 code unit is one character.
 //
 // Kind codes (MaskKinds): 1 "#", 2 "@", 3 "?", 4 "&"; a literal's code is its UTF-16 code unit
 // read as a signed 16-bit number (so a literal above U+7FFF has a negative code). A literal with

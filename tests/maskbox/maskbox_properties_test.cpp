@@ -58,6 +58,7 @@ INSTANTIATE_TEST_SUITE_P(
         ValueRow{"InnerSpacesRemoved", "##/##", false, false, false, "1 3", "1 /3 ", QStringLiteral("13")},
         ValueRow{"NoMaskSpacesRemoved", "", false, false, false, "a b", "a b", QStringLiteral("ab")},
         ValueRow{"NumberAsText", "###", false, false, false, 42, "42 ", QStringLiteral("42")},
+        ValueRow{"BooleanAsHostText", "&&&&&", true, false, false, true, "True ", QStringLiteral("True ")},
         ValueRow{"NullUnticksToNull", "##/##", false, true, true, Null, "", Null},
         ValueRow{"NullUnticksToEmpty", "##/##", false, true, false, Null, "", QVariant()},
         ValueRow{"NullWithoutCheckBox", "##/##", true, false, true, Null, "  /  ", QStringLiteral("    ")}),
