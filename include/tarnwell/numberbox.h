@@ -142,6 +142,7 @@ protected:
 
 private:
     void readAll(const PropertyBag &bag);
+    QVariant bagBound(const PropertyBag &bag, const QString &key, const QVariant &limit) const;
     NumberEditState editState() const;
     // Writes an accepted edit: the value first (the colour rule reads it), then text and caret.
     void apply(const NumberEditResult &result);

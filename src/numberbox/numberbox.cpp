@@ -714,11 +714,19 @@ void NumberBox::ReadProperties(PropertyBag &bag)
     }
 }
 
+// An absent bound is the type's limit exactly as the DataType set leaves it (the Single and
+// Double figures stay the doubles they are published as); a stored one is taken in the type.
+QVariant NumberBox::bagBound(const PropertyBag &bag, const QString &key, const QVariant &limit) const
+{
+    const QVariant v = bag.ReadProperty(key, limit);
+    return bag.contains(key) ? convert(bagNumber(v)) : limit;
+}
+
 void NumberBox::readAll(const PropertyBag &bag)
 {
     m_dataType = int(bagInt(bag.ReadProperty(kDataType, qint32(twCurrency)), INT32_MIN, INT32_MAX));
-    m_minimum = convert(bagNumber(bag.ReadProperty(kMinimum, NumberType::TypeLowerLimit(m_dataType))));
-    m_maximum = convert(bagNumber(bag.ReadProperty(kMaximum, NumberType::TypeUpperLimit(m_dataType))));
+    m_minimum = bagBound(bag, kMinimum, NumberType::TypeLowerLimit(m_dataType));
+    m_maximum = bagBound(bag, kMaximum, NumberType::TypeUpperLimit(m_dataType));
     m_value = convert(bagNumber(bag.ReadProperty(kValue, QVariant::fromValue<qint16>(0))));
     readCommon(bag, {QStringLiteral("BackColor"), QStringLiteral("Enabled"), QStringLiteral("Font")});
     m_display->setThousandSeparator(bagBool(bag.ReadProperty(kThousandSeparator, true)));

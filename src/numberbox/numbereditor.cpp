@@ -263,7 +263,6 @@ NumberEditResult NumberEditor::toggleSign(const NumberEditState &state) const
     const QChar minus = m_display->minusChar();
     QString bare = box.Text();
     const bool hadMinus = bare.contains(u'-') || bare.contains(minus);
-    const int caret = box.SelStart();
 
     bare.remove(m_display->thousandsChar());
     const Reading reading = read(bare);
@@ -282,13 +281,17 @@ NumberEditResult NumberEditor::toggleSign(const NumberEditState &state) const
     QVariant value = convert(read(shownBare), state.dataType);
     if (!value.isValid())
         value = negated;
-    if (NumberType::isZero(value) && !hadMinus && typeHasNegatives(state.dataType)
-        && !number.startsWith(minus))
+    // A zero gets its minus even where the type has no negatives: the entry stays refused
+    // until the sign goes again, but the key does what it does everywhere else.
+    if (NumberType::isZero(value) && !hadMinus && !number.startsWith(minus))
         number.prepend(minus);
     if (number == m_display->stripped(state.text))
         return unchanged(state);
 
-    const int newCaret = std::clamp(hadMinus ? caret - 1 : caret + 1, 0, int(number.size()));
+    // The caret moves with the sign from where it stood in the shown text; a left symbol is
+    // then added in front of it again, as it is for every formatted text.
+    const int newCaret = std::clamp(hadMinus ? state.selStart - 1 : state.selStart + 1, 0,
+                                    int(number.size()));
     NumberEditResult r;
     r.text = m_display->withSymbol(number);
     r.selStart = newCaret + m_display->leftSymbolLength(r.text);

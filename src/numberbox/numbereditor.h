@@ -70,8 +70,9 @@ struct NumberEditResult
 // Other routines:
 //   deleteForward    Delete: a selection goes as with Backspace; otherwise the character right
 //                    of the caret, first stepping over a grouping or decimal character.
-//   toggleSign       "-": the number negated (the caret moves with the sign); on a zero it adds
-//                    or removes the "-" of a negative entry, except for types without negatives.
+//   toggleSign       "-": the number negated; the caret moves one right (one left when the
+//                    minus goes) from where it stood in the shown text, and a left symbol then
+//                    shifts it again. On a zero it adds or removes the "-" of a negative entry.
 //   decimalJump      "," or ".": the caret right after the decimal character, if any.
 //   paste            grouping characters, blanks and the currency symbol are dropped; anything
 //                    else but digits, one decimal character and a leading "-" refuses the paste.

@@ -316,6 +316,7 @@ TEST_F(NumberBoxTest, DataTypeResetsEverythingForTheType)
     struct Row { twDataTypeConstants type; const char *text; const char *min; const char *max; };
     const Row rows[] = {
         {twByte, "0", "0", "255"},
+        {twSingle, "0.00", "-3.402823E+38", "3.402823E+38"},
         {twDouble, "0.00", "-1.79769313486231E+308", "1.79769313486231E+308"},
         {twCurrency, "0.00", "-922337203685477", "922337203685477"},
         {twDecimal, "0.00", "-79228162514264337593543950335", "79228162514264337593543950335"},
@@ -327,6 +328,16 @@ TEST_F(NumberBoxTest, DataTypeResetsEverythingForTheType)
         EXPECT_EQ(QStringList({text1->text(), Variant::toString(box->Minimum()),
                                Variant::toString(box->Maximum()), Variant::toString(box->Increment())}),
                   QStringList({r.text, r.min, r.max, "1"}));
+        // A bag without bounds loads the very limits the set left, and they are accepted back.
+        const QVariant min = box->Minimum(), max = box->Maximum();
+        PropertyBag bag;
+        bag.WriteProperty(QStringLiteral("DataType"), qint32(r.type), qint32(-1));
+        box->ReadProperties(bag);
+        EXPECT_EQ(box->Minimum(), min) << r.min;
+        EXPECT_EQ(box->Maximum(), max) << r.max;
+        EXPECT_NO_THROW(box->setMaximum(max)) << r.max;
+        EXPECT_NO_THROW(box->setValue(max)) << r.max;
+        EXPECT_EQ(Variant::toString(box->Value()), QString::fromLatin1(r.max));
     }
     box->setDataType(9); // stored as it is; it holds nothing
     EXPECT_EQ(int(box->DataType()), 9);
