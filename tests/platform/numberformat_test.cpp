@@ -1,3 +1,4 @@
+#include "common/errorassert.h"
 #include "platform/numberformat.h"
 
 #include <tarnwell/currency.h>
@@ -7,15 +8,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <string>
 
 using namespace Tarnwell;
+using namespace TestSupport;
 
 namespace {
-
-const QLocale enUS(QLocale::English, QLocale::UnitedStates);
-const QLocale deDE(QLocale::German, QLocale::Germany);
-const QLocale frFR(QLocale::French, QLocale::France);
 
 QVariant cur(const char *t) { return QVariant::fromValue(Currency::parse(t, QLocale::c())); }
 QVariant dec(const char *t) { return QVariant::fromValue(Decimal::parse(t, QLocale::c())); }
@@ -48,8 +45,7 @@ INSTANTIATE_TEST_SUITE_P(Grouping, Format, testing::Values(
     FormatRow{"CurrencyLimit", cur("922337203685477.5807"), "#,##0.00", enUS,
               "922,337,203,685,477.58"},
     FormatRow{"DecimalLimit", QVariant::fromValue(Decimal::max()), "#,##0", enUS,
-              "79,228,162,514,264,337,593,543,950,335"}),
-    [](const auto &info) { return std::string(info.param.name); });
+              "79,228,162,514,264,337,593,543,950,335"}), rowName);
 
 INSTANTIATE_TEST_SUITE_P(Rounding, Format, testing::Values(
     FormatRow{"DoubleFromFifteenDigits", 2.675, "0.00", enUS, "2.68"},
@@ -61,8 +57,7 @@ INSTANTIATE_TEST_SUITE_P(Rounding, Format, testing::Values(
               "0.0000000000000000000000000", enUS, "0.1000000000000000000000000"},
     FormatRow{"CarryIntoNewDigit", 9.995, "0.00", enUS, "10.00"},
     FormatRow{"CarryIntoGroup", 999999.5, "#,##0", enUS, "1,000,000"},
-    FormatRow{"NegativeRoundingToZeroKeepsSign", -0.001, "0.00", enUS, "-0.00"}),
-    [](const auto &info) { return std::string(info.param.name); });
+    FormatRow{"NegativeRoundingToZeroKeepsSign", -0.001, "0.00", enUS, "-0.00"}), rowName);
 
 INSTANTIATE_TEST_SUITE_P(Placeholders, Format, testing::Values(
     FormatRow{"OptionalIntegerDigit", 0.5, "#.00", enUS, ".50"},
@@ -76,8 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Placeholders, Format, testing::Values(
     FormatRow{"Percent", 0.256, "0.0%", enUS, "25.6%"},
     FormatRow{"Scientific", 1234.5, "0.00E+00", enUS, "1.23E+03"},
     FormatRow{"ScientificNegativeExponent", 0.00012, "0.0E-00", enUS, "1.2E-04"},
-    FormatRow{"ScientificZero", 0, "0.00E+00", enUS, "0.00E+00"}),
-    [](const auto &info) { return std::string(info.param.name); });
+    FormatRow{"ScientificZero", 0, "0.00E+00", enUS, "0.00E+00"}), rowName);
 
 INSTANTIATE_TEST_SUITE_P(Literals, Format, testing::Values(
     FormatRow{"MinusBeforeDollar", -5, "$#,##0.00", enUS, "-$5.00"},
@@ -88,8 +82,7 @@ INSTANTIATE_TEST_SUITE_P(Literals, Format, testing::Values(
     FormatRow{"NegativeSection", -0.001, "0.00;(0.00)", enUS, "(0.00)"},
     FormatRow{"ZeroSection", 0, "0.00;(0.00);\\Z\\e\\r\\o", enUS, "Zero"},
     FormatRow{"EmptyNegativeSectionFallsBack", -5, "0.00;", enUS, "-5.00"},
-    FormatRow{"RoundedZeroIsNotExactZero", 0.001, "0.00;;\"nil\"", enUS, "0.00"}),
-    [](const auto &info) { return std::string(info.param.name); });
+    FormatRow{"RoundedZeroIsNotExactZero", 0.001, "0.00;;\"nil\"", enUS, "0.00"}), rowName);
 
 INSTANTIATE_TEST_SUITE_P(Values, Format, testing::Values(
     FormatRow{"EmptyIsZero", QVariant(), "0.00", enUS, "0.00"},
@@ -99,8 +92,7 @@ INSTANTIATE_TEST_SUITE_P(Values, Format, testing::Values(
     FormatRow{"GermanNumericText", QStringLiteral("1234,5"), "#,##0.00", deDE, "1.234,50"},
     FormatRow{"OtherTextUnchanged", QStringLiteral("abc"), "0.00", enUS, "abc"},
     FormatRow{"EmptyPatternIsGeneral", 0.1 + 0.2, "", enUS, "0.3"},
-    FormatRow{"NotANumber", std::nan(""), "0.00", enUS, "NaN"}),
-    [](const auto &info) { return std::string(info.param.name); });
+    FormatRow{"NotANumber", std::nan(""), "0.00", enUS, "NaN"}), rowName);
 
 TEST(NumberFormat, VeryLargeDoubleGivesEveryDigit)
 {

@@ -1,3 +1,4 @@
+#include "common/errorassert.h"
 #include <tarnwell/olecolor.h>
 
 #include <gtest/gtest.h>
@@ -47,8 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SystemCase{"InfoBackground", 0x80000018, QPalette::Active, QPalette::ToolTipBase},
                     SystemCase{"InfoText", 0x80000017, QPalette::Active, QPalette::ToolTipText},
                     SystemCase{"UnknownIndexIsText", 0x80000019, QPalette::Active, QPalette::Text},
-                    SystemCase{"FarUnknownIsText", 0xFFFFFFFF, QPalette::Active, QPalette::Text}),
-    [](const auto &info) { return std::string(info.param.name); });
+                    SystemCase{"FarUnknownIsText", 0xFFFFFFFF, QPalette::Active, QPalette::Text}), TestSupport::rowName);
 
 TEST(OleColorSystemGroup, FollowsTheCurrentGroup)
 {

@@ -1,3 +1,4 @@
+#include "common/errorassert.h"
 #include <tarnwell/currency.h>
 #include <tarnwell/date.h>
 #include <tarnwell/decimal.h>
@@ -109,8 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
         KindCase{"LongLongBeyondDouble", [] { return QVariant::fromValue(qint64(-9007199254740993)); }},
         KindCase{"ULongLongMax", [] { return QVariant::fromValue(std::numeric_limits<quint64>::max()); }},
         KindCase{"CLong", [] { return QVariant::fromValue(long(-7)); }},
-        KindCase{"OtherKind", [] { return QVariant(QStringList{u"a"_qs, u"b"_qs}); }}),
-    [](const auto &info) { return std::string(info.param.name); });
+        KindCase{"OtherKind", [] { return QVariant(QStringList{u"a"_qs, u"b"_qs}); }}), TestSupport::rowName);
 
 struct ElisionCase {
     const char *name;
@@ -177,8 +177,7 @@ INSTANTIATE_TEST_SUITE_P(
                         i.setPixel(0, 0, qRgb(1, 2, 3));
                         return v(i);
                     }, [] { return v(sampleImage()); }, true},
-        ElisionCase{"PictureIsNotNumber", [] { return v(QPixmap()); }, [] { return v(qint32(0)); }, true}),
-    [](const auto &info) { return std::string(info.param.name); });
+        ElisionCase{"PictureIsNotNumber", [] { return v(QPixmap()); }, [] { return v(qint32(0)); }, true}), TestSupport::rowName);
 
 TEST(PropertyBagOrder, ReplacesInPlaceAndRemovesOnDefault)
 {

@@ -3,6 +3,8 @@
 #include "demoform.h"
 #include "eventlog.h"
 
+#include "common/errorassert.h"
+
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
@@ -20,11 +22,6 @@ struct TotalsRow {
     double amount;
 };
 
-std::ostream &operator<<(std::ostream &out, const TotalsRow &row)
-{
-    return out << row.name;
-}
-
 const TotalsRow totalsRows[] = {
     {"Plain", "19.95", "3", 59.85},
     {"WholePrice", "4", "25", 100.0},
@@ -33,9 +30,7 @@ const TotalsRow totalsRows[] = {
     {"CentsOnly", ".05", "7", 0.35},
 };
 
-class TotalsTable : public ::testing::TestWithParam<TotalsRow>
-{
-};
+class TotalsTable : public ::testing::TestWithParam<TotalsRow> {};
 
 TEST_P(TotalsTable, AmountFollowsPriceTimesQuantityAsTyped)
 {
@@ -46,8 +41,7 @@ TEST_P(TotalsTable, AmountFollowsPriceTimesQuantityAsTyped)
         << "amount shows " << DemoForm::textOf(form.field(QStringLiteral("nmbAmount"))).toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Form, TotalsTable, ::testing::ValuesIn(totalsRows),
-                         [](const auto &info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Form, TotalsTable, ::testing::ValuesIn(totalsRows), TestSupport::rowName);
 
 TEST(DemoForm, TypedKeysReachTheFieldAndTheLogOnce)
 {

@@ -2,6 +2,8 @@
 // half-understood run.
 #include "demooptions.h"
 
+#include "common/errorassert.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,11 +20,6 @@ struct OptionsRow {
     bool design;
     const char *errorPart; // nullptr: parses
 };
-
-std::ostream &operator<<(std::ostream &out, const OptionsRow &row)
-{
-    return out << row.name;
-}
 
 const OptionsRow optionRows[] = {
     {"Nothing", {}, "", "", "", false, false, nullptr},
@@ -41,9 +38,7 @@ const OptionsRow optionRows[] = {
     {"ErrorDropsEverythingElse", {"--design", "--bogus"}, "", "", "", false, false, "unknown"},
 };
 
-class DemoOptionsTable : public ::testing::TestWithParam<OptionsRow>
-{
-};
+class DemoOptionsTable : public ::testing::TestWithParam<OptionsRow> {};
 
 TEST_P(DemoOptionsTable, Parses)
 {
@@ -64,7 +59,6 @@ TEST_P(DemoOptionsTable, Parses)
     EXPECT_EQ(options.batch(), *row.save || *row.screenshot);
 }
 
-INSTANTIATE_TEST_SUITE_P(CommandLine, DemoOptionsTable, ::testing::ValuesIn(optionRows),
-                         [](const auto &info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(CommandLine, DemoOptionsTable, ::testing::ValuesIn(optionRows), TestSupport::rowName);
 
 } // namespace

@@ -3,6 +3,8 @@
 // connection.
 #include "signalrelay.h"
 
+#include "common/errorassert.h"
+
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
@@ -42,45 +44,17 @@ struct RelayRow {
     const char *expected; // nullptr: nothing is logged
 };
 
-std::ostream &operator<<(std::ostream &out, const RelayRow &row)
-{
-    return out << row.name;
-}
-
 const RelayRow relayRows[] = {
     {"NoArguments", [](Emitter &e) { emit e.Click(); }, "fld.Click()"},
-    {"ShortReferences",
-     [](Emitter &e) {
-         short key = 65, shift = 1;
-         emit e.KeyDown(key, shift);
-     },
+    {"ShortReferences", [](Emitter &e) { short key = 65, shift = 1; emit e.KeyDown(key, shift); },
      "fld.KeyDown(65, 1)"},
-    {"NegativeShort",
-     [](Emitter &e) {
-         short ascii = -32768;
-         emit e.keyPress(ascii);
-     },
-     "fld.keyPress(-32768)"},
+    {"NegativeShort", [](Emitter &e) { short ascii = -32768; emit e.keyPress(ascii); }, "fld.keyPress(-32768)"},
     {"FloatsKeepFraction",
-     [](Emitter &e) {
-         short button = 1, shift = 0;
-         float x = 150.5f, y = 30.0f;
-         emit e.MouseDown(button, shift, x, y);
-     },
+     [](Emitter &e) { short button = 1, shift = 0; float x = 150.5f, y = 30.0f; emit e.MouseDown(button, shift, x, y); },
      "fld.MouseDown(1, 0, 150.5, 30)"},
     {"MouseMoveMutedByDefaultRule",
-     [](Emitter &e) {
-         short button = 0, shift = 0;
-         float x = 1, y = 2;
-         emit e.MouseMove(button, shift, x, y);
-     },
-     nullptr},
-    {"IntAndBoolReferences",
-     [](Emitter &e) {
-         int effect = 3;
-         bool cursors = true;
-         emit e.OLEGiveFeedback(effect, cursors);
-     },
+     [](Emitter &e) { short button = 0, shift = 0; float x = 1, y = 2; emit e.MouseMove(button, shift, x, y); }, nullptr},
+    {"IntAndBoolReferences", [](Emitter &e) { int effect = 3; bool cursors = true; emit e.OLEGiveFeedback(effect, cursors); },
      "fld.OLEGiveFeedback(3, true)"},
     {"ObjectByClassAndName",
      [](Emitter &e) {
@@ -90,59 +64,46 @@ const RelayRow relayRows[] = {
          emit e.OLEStartDrag(&data, allowed);
      },
      "fld.OLEStartDrag(QObject payload, 1)"},
-    {"NullObject",
-     [](Emitter &e) {
-         int allowed = 0;
-         emit e.OLEStartDrag(nullptr, allowed);
-     },
-     "fld.OLEStartDrag(nullptr, 0)"},
-    {"StringQuotedAndEscaped",
-     [](Emitter &e) { emit e.PropertyChanged(QStringLiteral("a\"b\\c\nd")); },
+    {"NullObject", [](Emitter &e) { int allowed = 0; emit e.OLEStartDrag(nullptr, allowed); }, "fld.OLEStartDrag(nullptr, 0)"},
+    {"StringQuotedAndEscaped", [](Emitter &e) { emit e.PropertyChanged(QStringLiteral("a\"b\\c\nd")); },
      "fld.PropertyChanged(\"a\\\"b\\\\c\\x0ad\")"},
     {"EmptyVariant", [](Emitter &e) { emit e.ValueSet(QVariant()); }, "fld.ValueSet(Empty)"},
     {"NullVariant", [](Emitter &e) { emit e.ValueSet(QVariant::fromValue(nullptr)); }, "fld.ValueSet(Null)"},
-    {"VariantOfShort",
-     [](Emitter &e) { emit e.ValueSet(QVariant::fromValue(qint16(-7))); },
-     "fld.ValueSet(-7)"},
-    {"VariantOfString",
-     [](Emitter &e) { emit e.ValueSet(QStringLiteral("x")); },
-     "fld.ValueSet(\"x\")"},
-    {"DoubleAndLongLong",
-     [](Emitter &e) { emit e.Measured(0.1 + 0.2, 1LL << 40); },
-     "fld.Measured(0.3, 1099511627776)"},
+    {"VariantOfShort", [](Emitter &e) { emit e.ValueSet(QVariant::fromValue(qint16(-7))); }, "fld.ValueSet(-7)"},
+    {"VariantOfString", [](Emitter &e) { emit e.ValueSet(QStringLiteral("x")); }, "fld.ValueSet(\"x\")"},
+    {"DoubleAndLongLong", [](Emitter &e) { emit e.Measured(0.1 + 0.2, 1LL << 40); }, "fld.Measured(0.3, 1099511627776)"},
 };
 
-class SignalRelayTable : public ::testing::TestWithParam<RelayRow>
-{
+// An emitter whose relayed lines are kept.
+struct Relayed {
+    Emitter emitter;
+    QStringList lines;
+    Tarnwell::Demo::SignalRelay relay{&emitter, QStringLiteral("fld"),
+                                      [this](const QString &line) { lines.append(line); }};
 };
+
+class SignalRelayTable : public ::testing::TestWithParam<RelayRow> {};
 
 TEST_P(SignalRelayTable, LogsOneLineAsRaised)
 {
-    Emitter emitter;
-    QStringList lines;
-    Tarnwell::Demo::SignalRelay relay(&emitter, QStringLiteral("fld"),
-                                      [&](const QString &line) { lines.append(line); });
-    relay.setMuted("MouseMove", true);
-    GetParam().raise(emitter);
+    Relayed r;
+    r.relay.setMuted("MouseMove", true);
+    GetParam().raise(r.emitter);
     if (GetParam().expected)
-        EXPECT_EQ(lines, QStringList{QString::fromUtf8(GetParam().expected)});
+        EXPECT_EQ(r.lines, QStringList{QString::fromUtf8(GetParam().expected)});
     else
-        EXPECT_TRUE(lines.isEmpty()) << lines.join(u'|').toStdString();
+        EXPECT_TRUE(r.lines.isEmpty()) << r.lines.join(u'|').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Arguments, SignalRelayTable, ::testing::ValuesIn(relayRows),
-                         [](const auto &info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Arguments, SignalRelayTable, ::testing::ValuesIn(relayRows), TestSupport::rowName);
 
 TEST(SignalRelay, UnknownTypeShowsItsNameInsteadOfReadingIt)
 {
-    Emitter emitter;
-    QStringList lines;
-    Tarnwell::Demo::SignalRelay relay(&emitter, QStringLiteral("fld"),
-                                      [&](const QString &line) { lines.append(line); });
+    Relayed r;
     Opaque opaque;
-    emit emitter.Custom(&opaque);
-    ASSERT_EQ(lines.size(), 1);
-    EXPECT_TRUE(lines[0].startsWith(QStringLiteral("fld.Custom(<"))) << lines[0].toStdString();
+    emit r.emitter.Custom(&opaque);
+    ASSERT_EQ(r.lines.size(), 1);
+    EXPECT_TRUE(r.lines[0].startsWith(QStringLiteral("fld.Custom(<"))) << r.lines[0].toStdString();
 }
 
 TEST(SignalRelay, SeesAHostChangeMadeBeforeItsTurn)
