@@ -17,6 +17,7 @@ class QCheckBox;
 class QDragEnterEvent;
 class QDragMoveEvent;
 class QDropEvent;
+class QFocusEvent;
 class QKeyEvent;
 class QLineEdit;
 class QMouseEvent;
@@ -260,6 +261,10 @@ protected:
     // Puts a text and a base colour on a widget's palette in every colour group.
     static void paintWidget(QWidget *widget, const QColor &text, const QColor &base);
 
+    // Lets a frameless line edit shorter than its font's line show the whole of its capitals and
+    // descenders (text margins shift the line; none when the line fits).
+    static void fitTextLine(QLineEdit *edit);
+
     // The ambient font: the parent widget's font, else the application font.
     QFont ambientFont() const;
 
@@ -290,6 +295,7 @@ private:
     void deliverChangedCharacter(QKeyEvent *original, short keyAscii);
     bool textMouse(QMouseEvent *event);
     bool textDrag(QEvent *event);
+    bool textFocusIn(QFocusEvent *event);
     void focusChanged(QWidget *old, QWidget *now);
     void applyCursor();
     void applyDropMode();

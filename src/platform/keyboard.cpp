@@ -171,6 +171,11 @@ int Keyboard::keyAscii(int qtKey, Qt::KeyboardModifiers modifiers, const QString
         case Qt::Key_BracketLeft: return 27;
         case Qt::Key_Backslash: return 28;
         case Qt::Key_BracketRight: return 29;
+        // Ctrl+Shift+6 and Ctrl+Shift+minus, reported by the key or by its shifted character.
+        case Qt::Key_6:
+        case Qt::Key_AsciiCircum: return shift ? 30 : 0;
+        case Qt::Key_Minus:
+        case Qt::Key_Underscore: return shift ? 31 : 0;
         default: return 0;
         }
     }
@@ -242,6 +247,10 @@ int Keyboard::vkKeyScan(QChar ch)
         return (CtrlBit << 8) | 220;
     if (c == 29)
         return (CtrlBit << 8) | 221;
+    if (c == 30)
+        return ((CtrlBit | ShiftBit) << 8) | '6';
+    if (c == 31)
+        return ((CtrlBit | ShiftBit) << 8) | 189;
     bool shift = false;
     const int vk = c < 0x80 ? printableKey(c, &shift) : 0;
     if (vk == 0)

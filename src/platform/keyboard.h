@@ -35,7 +35,8 @@ public:
     static int shiftMask(Qt::KeyboardModifiers modifiers);
 
     // The character code the key types, 0 for none: Backspace 8, Tab 9, Enter 13, Esc 27,
-    // Ctrl+letter 1..26, printable characters by their code (above 255 their UTF-16 unit).
+    // Ctrl+letter 1..26, Ctrl+[ \ ] 27..29, Ctrl+Shift+6 30, Ctrl+Shift+minus 31, printable
+    // characters by their code (above 255 their UTF-16 unit).
     // Alt combinations type nothing.
     static int keyAscii(const QKeyEvent &event);
     static int keyAscii(int qtKey, Qt::KeyboardModifiers modifiers, const QString &text);

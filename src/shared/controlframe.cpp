@@ -10,6 +10,8 @@
 #include <QCheckBox>
 #include <QDrag>
 #include <QDropEvent>
+#include <QFocusEvent>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -199,7 +201,11 @@ ControlFrame::ControlFrame(QWidget *parent) : QFrame(parent)
     m_check1->hide();
     m_text1 = new QLineEdit(this);
     m_text1->setObjectName(QStringLiteral("Text1"));
+    // The layout leaves the text box only a few pixels more than the font's cap height; every
+    // pixel of it goes to the text.
     m_text1->setFrame(false);
+    m_text1->setContentsMargins(0, 0, 0, 0);
+    m_text1->setTextMargins(0, 0, 0, 0);
     m_text1->setAlignment(qtAlignment(twRightJustify));
     m_text1->setMouseTracking(true); // the host sees MouseMove without a button held
     m_text1->setDragEnabled(false);
@@ -819,9 +825,51 @@ bool ControlFrame::filterTextEvent(QEvent *event)
     case QEvent::DragLeave:
     case QEvent::Drop:
         return textDrag(event);
+    case QEvent::FocusIn:
+        return textFocusIn(static_cast<QFocusEvent *>(event));
+    case QEvent::Resize:
+    case QEvent::FontChange:
+        fitTextLine(m_text1);
+        return false;
     default:
         return false;
     }
+}
+
+bool ControlFrame::textFocusIn(QFocusEvent *event)
+{
+    // The line edit selects everything when tabbed into; whether entering selects is
+    // SelectTextOnFocus's call alone, so without it the caret stays where it was.
+    const Qt::FocusReason reason = event->reason();
+    if (m_selectTextOnFocus
+        || (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason
+            && reason != Qt::ShortcutFocusReason))
+        return false;
+    QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
+    QCoreApplication::sendEvent(m_text1, &plain);
+    return true;
+}
+
+void ControlFrame::fitTextLine(QLineEdit *edit)
+{
+    if (!edit)
+        return;
+    // A box shorter than the font's line would crop the line's bottom (descenders) while
+    // keeping the empty space above the capitals; shift the line so that what is drawn, capitals
+    // to descenders, sits centred. A box tall enough is centred as usual, with no margins.
+    const QFontMetrics fm(edit->font());
+    const int available = edit->contentsRect().height();
+    const int line = fm.height();
+    if (available <= 0 || available >= line) {
+        if (edit->textMargins() != QMargins())
+            edit->setTextMargins(0, 0, 0, 0);
+        return;
+    }
+    const int cap = fm.capHeight() > 0 ? qMin(fm.capHeight(), fm.ascent()) : fm.ascent();
+    const int top = (available - (cap + fm.descent())) / 2 + cap - fm.ascent();
+    const QMargins margins(0, top, 0, available - top - line);
+    if (edit->textMargins() != margins)
+        edit->setTextMargins(margins);
 }
 
 bool ControlFrame::textKeyPress(QKeyEvent *event)

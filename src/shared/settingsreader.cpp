@@ -4,6 +4,8 @@
 
 #include <QtEndian>
 
+#include <cstring>
+
 namespace Tarnwell {
 
 namespace {
@@ -50,9 +52,13 @@ QString SettingsReader::ReadRegValue(SettingsStore::Handle openKey, const QStrin
     }
     case SettingsStore::RegBinary: {
         const auto bytes = s.readData(openKey, valueName);
-        if (!bytes || bytes->size() < 2)
+        if (!bytes)
             return QString();
-        return QString::number(qFromLittleEndian<qint16>(bytes->constData()));
+        // The read goes into a zeroed 16-bit integer: shorter data fills only its low bytes,
+        // longer data gives its first two.
+        char word[2] = {0, 0};
+        std::memcpy(word, bytes->constData(), size_t(qMin<qsizetype>(bytes->size(), 2)));
+        return QString::number(qFromLittleEndian<qint16>(word));
     }
     default:
         return QString();

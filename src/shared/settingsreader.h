@@ -8,7 +8,8 @@ namespace Tarnwell {
 
 // Reads per-user settings as text with the registry helper's rules: REG_SZ values as their text
 // up to the first NUL (whole when there is none), REG_BINARY values as the signed 16-bit number
-// in their first two bytes ("-271" for F1 FE), and every other type and every failure as "".
+// in their first two bytes, zero-filled when shorter ("-271" for F1 FE), and every other type and
+// every failure as "".
 // Nothing here throws.
 class SettingsReader
 {

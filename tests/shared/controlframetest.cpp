@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QShortcut>
@@ -357,60 +358,62 @@ TEST_F(FrameTest, EveryPropertySetByNameMarksItsOwnName)
 
 // --- Check box ----------------------------------------------------------------------------
 
-TEST_F(FrameTest, TickingByMouseShowsTextMovesFocusAndRaisesChange)
+TEST_F(FrameTest, CheckBoxShowsTextWhileTicked)
 {
-    box->setCheckBox(true);
-    box->setChecked(false);
-    showAndFocus(next);
-    EXPECT_TRUE(box->Check1()->isVisible());
-    EXPECT_FALSE(box->Text1()->isVisible());
-    takeLog();
-
-    QTest::mouseClick(box->Check1(), Qt::LeftButton);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(box->Checked());
-    EXPECT_TRUE(box->Text1()->isVisible());
-    EXPECT_EQ(QApplication::focusWidget(), box->Text1());
-    const Log seen = takeLog();
-    EXPECT_EQ(std::count(seen.begin(), seen.end(), "Change"), 1);
-}
-
-TEST_F(FrameTest, CheckedFromCodeShowsTextWithoutTakingFocus)
-{
-    box->setCheckBox(true);
-    box->setChecked(false);
-    showAndFocus(next);
-    takeLog();
-    box->setChecked(true);
-    EXPECT_TRUE(box->Text1()->isVisible());
-    EXPECT_EQ(QApplication::focusWidget(), next);
-    EXPECT_EQ(takeLog(), Log{"Change"});
-}
-
-TEST_F(FrameTest, WithoutCheckBoxTextStaysVisible)
-{
-    window->show();
-    for (bool checked : {false, true}) {
-        box->setChecked(checked);
-        EXPECT_FALSE(box->Check1()->isVisible());
-        EXPECT_TRUE(box->Text1()->isVisible()) << checked;
+    const auto click = [this] { QTest::mouseClick(box->Check1(), Qt::LeftButton); };
+    struct {
+        const char *name;
+        bool checkBox, checkedBefore;
+        std::function<void()> act;
+        bool textVisible;
+        QWidget *focus; // null: Text1
+    } rows[] = {
+        {"ticked by mouse: focus into the text", true, false, click, true, nullptr},
+        {"ticked from code: focus stays", true, false, [this] { box->setChecked(true); }, true, next},
+        {"unticked by mouse", true, true, click, false, box->Check1()},
+        {"no check box: text whatever Checked", false, true, [this] { box->setChecked(false); }, true, next},
+    };
+    for (const auto &row : rows) {
+        box->setCheckBox(row.checkBox);
+        box->setChecked(row.checkedBefore);
+        showAndFocus(next);
+        takeLog();
+        row.act();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(box->Checked(), !row.checkedBefore) << row.name;
+        EXPECT_EQ(box->Check1()->isVisible(), row.checkBox) << row.name;
+        EXPECT_EQ(box->Text1()->isVisible(), row.textVisible) << row.name;
+        EXPECT_EQ(QApplication::focusWidget(), row.focus ? row.focus : box->Text1()) << row.name;
+        const Log seen = takeLog();
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), "Change"), 1) << row.name;
     }
 }
 
 // --- Focus and text change ----------------------------------------------------------------
 
-TEST_F(FrameTest, SelectTextOnFocusSelectsAllOnEntering)
+TEST_F(FrameTest, EnteringSelectsAllOnlyWithSelectTextOnFocus)
 {
-    for (bool on : {true, false}) {
-        box->setSelectTextOnFocus(on);
-        box->setTextQuietly("hello");
+    struct {
+        const char *name;
+        bool selectTextOnFocus;
+        Qt::FocusReason reason;
+        int selStart, selLength;
+    } rows[] = {
+        {"on, from code", true, Qt::OtherFocusReason, 0, 5},
+        {"on, by Tab", true, Qt::TabFocusReason, 0, 5},
+        {"off, from code", false, Qt::OtherFocusReason, 2, 0},
+        {"off, by Tab: the caret stays", false, Qt::TabFocusReason, 2, 0},
+        {"off, by Shift+Tab", false, Qt::BacktabFocusReason, 2, 0},
+    };
+    box->setTextQuietly("hello");
+    for (const auto &row : rows) {
+        box->setSelectTextOnFocus(row.selectTextOnFocus);
         showAndFocus(next);
         box->Text1()->setCursorPosition(2);
-        box->Text1()->setFocus(Qt::OtherFocusReason);
-        QCoreApplication::processEvents();
-        EXPECT_TRUE(box->HasFocus());
-        EXPECT_EQ(box->SelLength(), on ? 5 : 0) << on;
-        EXPECT_EQ(box->SelStart(), on ? 0 : 2) << on;
+        box->Text1()->setFocus(row.reason);
+        EXPECT_TRUE(box->HasFocus()) << row.name;
+        EXPECT_EQ(box->SelStart(), row.selStart) << row.name;
+        EXPECT_EQ(box->SelLength(), row.selLength) << row.name;
     }
 }
 
@@ -486,15 +489,8 @@ TEST_F(FrameTest, ManualDropRaisesDragEventsAndLeavesTextAlone)
 
 // --- Layout -------------------------------------------------------------------------------
 
-TEST(FrameLayout, Arithmetic)
+TEST(FrameLayout, CheckBoxTopRoundsHalvesToEven)
 {
-    struct {
-        double value;
-        int rounded;
-    } halves[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-0.5, 0}, {-1.5, -2}, {2.4, 2}, {2.6, 3}};
-    for (const auto &h : halves)
-        EXPECT_EQ(ControlFrame::roundHalfEven(h.value), h.rounded) << h.value;
-
     struct {
         int text, check, top;
     } tops[] = {{315, 195, 60}, {180, 195, 0}, {255, 195, 30},
@@ -502,11 +498,6 @@ TEST(FrameLayout, Arithmetic)
                 {209, 195, 0}, {239, 195, 30}, {269, 195, 30}};
     for (const auto &t : tops)
         EXPECT_EQ(ControlFrame::checkBoxTopTwips(t.text, t.check), t.top) << t.text;
-
-    EXPECT_EQ(ControlFrame::borderAllowanceX(twNone), 15);
-    EXPECT_EQ(ControlFrame::borderAllowanceY(twFixedSingle), 45);
-    EXPECT_EQ(ControlFrame::borderAllowanceX(twFixed3D), 80);
-    EXPECT_EQ(ControlFrame::borderAllowanceY(twFixed3D), 75);
 }
 
 TEST_F(FrameTest, NewFrameSizeAndTextBoxPlacement)
@@ -532,6 +523,46 @@ TEST_F(FrameTest, NewFrameSizeAndTextBoxPlacement)
     }
     box->resize(5, 5); // too small: sizes stop at zero
     EXPECT_EQ(box->Text1()->width(), 0);
+}
+
+// Rows of a widget's picture holding dark (text) pixels.
+static int inkRows(QWidget *w)
+{
+    const QImage image = w->grab().toImage();
+    int rows = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(image.pixel(x, y)) < 128) {
+                ++rows;
+                break;
+            }
+        }
+    }
+    return rows;
+}
+
+TEST_F(FrameTest, DefaultSizeTextKeepsCapitalsAndDescenders)
+{
+    // What the same text needs in a box with room to spare, against what the default-size
+    // text box shows: nothing may be cut that its height could have shown.
+    const QString sample = QStringLiteral("HMgjpqy");
+    window->show();
+    for (int points : {8, 9, 10, 12}) {
+        QFont font = box->Font();
+        font.setPointSize(points);
+        box->setFont(font);
+        box->setTextQuietly(sample);
+        QLineEdit roomy;
+        roomy.setFrame(false);
+        roomy.setFont(font);
+        roomy.setText(sample);
+        roomy.resize(200, 60);
+        const int needed = inkRows(&roomy);
+        ASSERT_GT(needed, 0) << points;
+        EXPECT_EQ(inkRows(box->Text1()), qMin(needed, box->Text1()->height())) << points << " pt";
+    }
+    box->resize(110, 200); // tall enough again: the plain line, no margins
+    EXPECT_EQ(box->Text1()->textMargins(), QMargins());
 }
 
 // --- Persistence --------------------------------------------------------------------------

@@ -62,9 +62,13 @@ INSTANTIATE_TEST_SUITE_P(
         CharRow{"Tab", "\t", false, false, {{9, true, 0}, {9, false, 2}}},
         CharRow{"CtrlC", QString(QChar(3)), false, false,
                 {{17, true, 0}, {67, true, 1}, {67, false, 3}, {17, false, 2}}},
+        // Modifiers go down Shift, Ctrl, Alt and come up in that same order, after the key.
+        CharRow{"CtrlShift6", QString(QChar(0x1E)), false, false,
+                {{16, true, 0}, {17, true, 0}, {54, true, 1}, {54, false, 3}, {16, false, 2}, {17, false, 2}}},
         CharRow{"OnlyFirstCharacter", "xy", false, false, {{88, true, 0}, {88, false, 2}}},
         CharRow{"PressOnly", "A", true, false, {{16, true, 0}, {65, true, 1}}},
-        CharRow{"ReleaseOnly", "A", false, true, {{65, false, 3}, {16, false, 2}}},
+        CharRow{"ReleaseOnly", QString(QChar(0x1F)), false, true,
+                {{189, false, 3}, {16, false, 2}, {17, false, 2}}},
         CharRow{"NoKeyForCharacter", QString(QChar(0xE9)), false, false, {}},
         CharRow{"EmptyString", "", false, false, {}}),
     [](const auto &info) { return std::string(info.param.name); });

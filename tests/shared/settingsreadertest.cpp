@@ -51,12 +51,10 @@ INSTANTIATE_TEST_SUITE_P(
         TypeRow{"SzUtf8", SettingsStore::RegSz, QByteArray("\xe2\x82\xac\0", 4), QString(QChar(0x20AC))},
         TypeRow{"BinaryNegative", SettingsStore::RegBinary, QByteArray("\xF1\xFE", 2), "-271"},
         TypeRow{"BinaryFirstTwoBytesOnly", SettingsStore::RegBinary, QByteArray("\x10\x00\xff\xff", 4), "16"},
-        TypeRow{"BinaryMaxPositive", SettingsStore::RegBinary, QByteArray("\xff\x7f", 2), "32767"},
-        TypeRow{"BinaryOneByte", SettingsStore::RegBinary, QByteArray("\x05", 1), ""},
-        TypeRow{"BinaryEmpty", SettingsStore::RegBinary, QByteArray(), ""},
+        TypeRow{"BinaryOneByteIsLowByte", SettingsStore::RegBinary, QByteArray("\xF5", 1), "245"},
+        TypeRow{"BinaryEmptyIsZero", SettingsStore::RegBinary, QByteArray(), "0"},
         TypeRow{"DwordIgnored", SettingsStore::RegDword, QByteArray("\x02\0\0\0", 4), ""},
-        TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""},
-        TypeRow{"UnknownTypeIgnored", 7, QByteArray("2\0", 2), ""}),
+        TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""}),
     [](const auto &info) { return std::string(info.param.name); });
 
 TEST_F(InjectedStore, EveryFailureIsEmptyText)

@@ -81,13 +81,4 @@ TEST_F(UpDown, RepeatPausesOffTheButtonAndStopsWhenHidden)
     EXPECT_EQ(button.pressedPart(), UpDownButton::NoPart);
 }
 
-TEST_F(UpDown, PropertiesByName)
-{
-    EXPECT_TRUE(button.setProperty("Enabled", false));
-    EXPECT_FALSE(button.isEnabled());
-    EXPECT_TRUE(button.setProperty("Visible", false));
-    EXPECT_TRUE(button.isHidden());
-    EXPECT_FALSE(button.property("Visible").toBool());
-}
-
 } // namespace
