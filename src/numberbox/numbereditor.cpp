@@ -58,6 +58,23 @@ int digitOf(QChar c)
     return c.category() == QChar::Number_DecimalDigit ? c.digitValue() : -1;
 }
 
+// "-12.500" and "-12.5" are the same number: trailing decimal zeros and a bare point go.
+QStringView withoutTrailingZeros(QStringView canonical)
+{
+    if (!canonical.contains(u'.'))
+        return canonical;
+    while (canonical.endsWith(u'0'))
+        canonical.chop(1);
+    if (canonical.endsWith(u'.'))
+        canonical.chop(1);
+    return canonical;
+}
+
+QStringView withoutMinus(QStringView canonical)
+{
+    return canonical.startsWith(u'-') ? canonical.mid(1) : canonical;
+}
+
 } // namespace
 
 NumberEditor::Reading NumberEditor::read(QStringView bare) const
@@ -115,6 +132,33 @@ QString NumberEditor::formatAccepted(const Reading &reading, const QVariant &val
         && !number.startsWith(minus))
         number.prepend(minus);
     return number;
+}
+
+bool NumberEditor::showsExactly(const QString &number, const QVariant &value,
+                                const Reading *typed, int dataType) const
+{
+    // A Double's 15 digits always read back as a double that shows them again.
+    if (dataType == twDouble)
+        return true;
+    const bool exactType = dataType != twSingle;
+    if (exactType && !typed)
+        return true;
+    QString bare = number;
+    bare.remove(m_display->thousandsChar());
+    const Reading shown = read(bare);
+    if (!shown.ok)
+        return false;
+    if (exactType) {
+        // The conversion rounds what the type cannot hold (too many digits for a Decimal,
+        // decimals for an integer type); showing the rounded number would change what was typed.
+        const QStringView a = withoutTrailingZeros(shown.canonical);
+        const QStringView b = withoutTrailingZeros(typed->canonical);
+        return a == b || (NumberType::isZero(value) && withoutMinus(a) == withoutMinus(b));
+    }
+    // A Single shows 7 digits, one more than a float keeps: near a power of ten the shown text
+    // can read back as the neighbouring float, which shows differently.
+    const QVariant again = convert(shown, dataType);
+    return again.isValid() && formatAccepted(shown, again, dataType) == number;
 }
 
 QString NumberEditor::showValue(const QVariant &value, int dataType) const
@@ -215,6 +259,8 @@ NumberEditResult NumberEditor::edit(const NumberEditState &state, const QString 
         return unchanged(state);
 
     const QString number = formatAccepted(reading, value, state.dataType);
+    if (!showsExactly(number, value, &reading, state.dataType))
+        return unchanged(state);
     // Count as if the decimals were already padded to their full width by the formatter.
     const int shownTail = places > 0 ? places + 1 : 0;
     const int typedTail = reading.hasDecimal ? reading.decimals + 1 : 0;
@@ -281,6 +327,8 @@ NumberEditResult NumberEditor::toggleSign(const NumberEditState &state) const
     QVariant value = convert(read(shownBare), state.dataType);
     if (!value.isValid())
         value = negated;
+    if (!showsExactly(number, value, nullptr, state.dataType))
+        return unchanged(state);
     // A zero gets its minus even where the type has no negatives: the entry stays refused
     // until the sign goes again, but the key does what it does everywhere else.
     if (NumberType::isZero(value) && !hadMinus && !number.startsWith(minus))
@@ -350,10 +398,14 @@ NumberEditResult NumberEditor::step(const NumberEditState &state, bool up) const
     if (!next.isValid() || !NumberType::IsInRange(next, false, state.dataType))
         return unchanged(state);
 
+    const QString number = m_display->formatNumber(next, state.dataType);
+    if (!showsExactly(number, next, nullptr, state.dataType))
+        return unchanged(state);
+
     const int length = int(state.text.size());
     const int fromRight = length - std::clamp(state.selStart, 0, length);
     NumberEditResult r;
-    r.text = showValue(next, state.dataType);
+    r.text = m_display->withSymbol(number);
     r.selStart = std::max(0, int(r.text.size()) - fromRight);
     r.value = next;
     r.textChanged = r.text != state.text;

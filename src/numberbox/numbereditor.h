@@ -123,6 +123,11 @@ private:
     QVariant convert(const Reading &reading, int dataType) const;
     // Shown number for an accepted reading with its value: formatted, "-" kept on a zero.
     QString formatAccepted(const Reading &reading, const QVariant &value, int dataType) const;
+    // Whether `number` (as formatAccepted gives it for `value`) may be shown: an exact type
+    // must show the very number typed (`typed`, or none to skip that test), and any type must
+    // show a text that reads back as a value formatting to that same text.
+    bool showsExactly(const QString &number, const QVariant &value, const Reading *typed,
+                      int dataType) const;
     NumberEditResult edit(const NumberEditState &state, const QString &s, int start,
                           int length) const;
 
