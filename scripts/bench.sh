@@ -15,15 +15,12 @@ bash scripts/build.sh "$build_root/build-bench" -DCMAKE_BUILD_TYPE=Release -DTAR
 
 results=$(mktemp)
 trap 'rm -f "$results"' EXIT
-QT_QPA_PLATFORM=offscreen "$build_root/build-bench/bench/tarnwell-bench" \
-  --benchmark_out="$results" --benchmark_out_format=csv "$@"
+QT_QPA_PLATFORM=offscreen "$build_root/build-bench/bench/tarnwell-bench" --benchmark_counters_tabular=false "$@" \
+  | tee "$results"
 
-# The CSV starts after any context lines; the side-by-side benchmarks carry a "ratio" counter
-# (our control's time over the Qt widget's, measured in the same iterations).
+# The side-by-side benchmarks carry a "ratio" counter: our control's time over the Qt widget's,
+# measured in the same iterations.
 echo
 echo "Ratios to the closest Qt widget (below 1: Tarnwell is faster):"
-awk -F, '
-  /^name,/ { for (i = 1; i <= NF; i++) if ($i == "ratio") col = i; table = 1; next }
-  !table || !col || $col == "" { next }
-  { name = $1; gsub(/"/, "", name); printf "  %-52s %6.2f\n", name, $col; shown++ }
+awk '{ for (i = 2; i <= NF; i++) if ($i ~ /^ratio=/) { sub(/^ratio=/, "", $i); printf "  %-52s %s\n", $1, $i; shown++ } }
   END { if (!shown) print "  (no side-by-side benchmark ran)" }' "$results"
