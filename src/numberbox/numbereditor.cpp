@@ -7,6 +7,7 @@
 #include <tarnwell/constants.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tarnwell {
 
@@ -28,6 +29,21 @@ NumberEditResult caretMovedTo(const NumberEditState &state, int caret)
     r.caretChanged = caret != state.selStart || state.selLength != 0;
     r.selStart = caret;
     r.selLength = 0;
+    return r;
+}
+
+// An accepted edit: the new shown text, a collapsed caret and the value, with what changed.
+NumberEditResult accepted(const NumberEditState &state, QString text, int caret,
+                          const QVariant &value)
+{
+    NumberEditResult r;
+    r.text = std::move(text);
+    r.selStart = caret;
+    r.value = value;
+    r.textChanged = r.text != state.text;
+    r.caretChanged = r.selStart != state.selStart || state.selLength != 0;
+    const std::optional<int> order = NumberType::compare(value, state.value, state.dataType);
+    r.valueChanged = !order || *order != 0 || !state.value.isValid();
     return r;
 }
 
@@ -266,16 +282,10 @@ NumberEditResult NumberEditor::edit(const NumberEditState &state, const QString 
     const int typedTail = reading.hasDecimal ? reading.decimals + 1 : 0;
     const int fromRight = std::max(0, rightOfCaret + shownTail - typedTail);
 
-    NumberEditResult r;
-    r.text = m_display->withSymbol(number);
-    r.selStart = positionFromRight(number, fromRight, grouping) + m_display->leftSymbolLength(r.text);
-    r.selLength = 0;
-    r.value = value;
-    r.textChanged = r.text != state.text;
-    r.caretChanged = r.selStart != state.selStart || state.selLength != 0;
-    const std::optional<int> order = NumberType::compare(value, state.value, state.dataType);
-    r.valueChanged = !order || *order != 0 || !state.value.isValid();
-    return r;
+    QString shown = m_display->withSymbol(number);
+    const int shownCaret =
+        positionFromRight(number, fromRight, grouping) + m_display->leftSymbolLength(shown);
+    return accepted(state, std::move(shown), shownCaret, value);
 }
 
 NumberEditResult NumberEditor::deleteForward(const NumberEditState &state) const
@@ -340,15 +350,9 @@ NumberEditResult NumberEditor::toggleSign(const NumberEditState &state) const
     // then added in front of it again, as it is for every formatted text.
     const int newCaret = std::clamp(hadMinus ? state.selStart - 1 : state.selStart + 1, 0,
                                     int(number.size()));
-    NumberEditResult r;
-    r.text = m_display->withSymbol(number);
-    r.selStart = newCaret + m_display->leftSymbolLength(r.text);
-    r.value = value;
-    r.textChanged = r.text != state.text;
-    r.caretChanged = r.selStart != state.selStart || state.selLength != 0;
-    const std::optional<int> order = NumberType::compare(value, state.value, state.dataType);
-    r.valueChanged = !order || *order != 0 || !state.value.isValid();
-    return r;
+    QString text = m_display->withSymbol(number);
+    const int caret = newCaret + m_display->leftSymbolLength(text);
+    return accepted(state, std::move(text), caret, value);
 }
 
 NumberEditResult NumberEditor::decimalJump(const NumberEditState &state) const
@@ -404,15 +408,9 @@ NumberEditResult NumberEditor::step(const NumberEditState &state, bool up) const
 
     const int length = int(state.text.size());
     const int fromRight = length - std::clamp(state.selStart, 0, length);
-    NumberEditResult r;
-    r.text = m_display->withSymbol(number);
-    r.selStart = std::max(0, int(r.text.size()) - fromRight);
-    r.value = next;
-    r.textChanged = r.text != state.text;
-    r.caretChanged = r.selStart != state.selStart || state.selLength != 0;
-    const std::optional<int> order = NumberType::compare(next, state.value, state.dataType);
-    r.valueChanged = !order || *order != 0 || !state.value.isValid();
-    return r;
+    QString text = m_display->withSymbol(number);
+    const int caret = std::max(0, int(text.size()) - fromRight);
+    return accepted(state, std::move(text), caret, next);
 }
 
 NumberEditResult NumberEditor::keyPress(const NumberEditState &state, int keyAscii) const
