@@ -164,6 +164,11 @@ public:
     // Keys of the property bag that readCommon/writeCommon know.
     static const QStringList &commonKeys();
 
+    // The documented default size, grown to fit the font: the text box gets the inner height less
+    // the border allowance, so both are added back to the text box's own height.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 signals:
     void Click();
     void DblClick();
@@ -187,6 +192,16 @@ signals:
     void PropertyChanged(const QString &name);
 
 protected:
+    // Readers of property-bag values: anything unreadable throws Error(380), as a bad property
+    // value does, so every control refuses a damaged bag the same way.
+    static bool bagBool(const QVariant &value);
+    static qint64 bagInt(const QVariant &value, qint64 lowest, qint64 highest);
+    static OleColor bagColor(const QVariant &value);
+    static QString bagString(const QVariant &value);
+    // Refuses a set of a property that is read-only once placed: 387 at design time, 382 at
+    // run time.
+    [[noreturn]] void refuseSet() const;
+
     // Raises Updating for its lifetime (nests: the previous state comes back).
     class UpdatingGuard
     {

@@ -92,8 +92,6 @@ public:
     Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
     Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
 
 protected:
     void handleKeyDown(short &keyCode, short &shift) override;

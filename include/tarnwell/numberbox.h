@@ -127,8 +127,6 @@ public:
     // The up-down buttons' width in twips: the user's ScrollWidth, made positive.
     static int upDownWidthTwips();
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
 
 protected:
     void handleKeyDown(short &keyCode, short &shift) override;

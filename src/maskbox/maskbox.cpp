@@ -61,24 +61,6 @@ int charCaseFrom(const QVariant &v)
     return int(n);
 }
 
-bool boolFrom(const QVariant &v)
-{
-    if (v.typeId() == QMetaType::Bool)
-        return v.toBool();
-    bool ok = false;
-    const qlonglong n = v.toLongLong(&ok);
-    if (!ok)
-        throw Error(Error::InvalidPropertyValue);
-    return n != 0;
-}
-
-QString stringFrom(const QVariant &v)
-{
-    if (v.typeId() != QMetaType::QString && !v.canConvert<QString>())
-        throw Error(Error::InvalidPropertyValue);
-    return v.toString();
-}
-
 QChar charOf(short keyAscii)
 {
     return QChar(char16_t(static_cast<unsigned short>(keyAscii)));
@@ -151,7 +133,7 @@ QString MaskBox::Text() const
 
 void MaskBox::setText(const QString &)
 {
-    throw Error(UserMode() ? Error::SetNotSupportedAtRuntime : Error::SetNotPermitted);
+    refuseSet();
 }
 
 QString MaskBox::Mask() const
@@ -412,32 +394,17 @@ void MaskBox::readAll(const PropertyBag &bag)
                      QStringLiteral("MouseIcon"), QStringLiteral("MousePointer"),
                      QStringLiteral("SelectTextOnFocus")});
 
-    const QString mask = stringFrom(bag.ReadProperty(kMask, QString()));
+    const QString mask = bagString(bag.ReadProperty(kMask, QString()));
     const QString blank = m_engine->ParseMask(mask);
     // No saved text comes back: a loaded box starts blank.
     setText1(UserMode() ? blank : mask);
 
     const int charCase = charCaseFrom(bag.ReadProperty(kCharCase, qint16(twAnyCase)));
     m_charCase = twCharCaseConstants(charCase);
-    m_promptInclude = boolFrom(bag.ReadProperty(kPromptInclude, true));
+    m_promptInclude = bagBool(bag.ReadProperty(kPromptInclude, true));
     readCommon(bag, {QStringLiteral("ToolTip"), QStringLiteral("Checked"),
                      QStringLiteral("CheckBox"), QStringLiteral("NullIfEmpty"),
                      QStringLiteral("EnterAsTab")});
-}
-
-QSize MaskBox::sizeHint() const
-{
-    // The documented default size, made tall enough for the font: the text box is the frame's
-    // inner height less the border allowance, so add both back to the line edit's own height.
-    const int allowance = twipsToPixels(borderAllowanceY(BorderStyle()));
-    const int height = Text1()->sizeHint().height() + allowance + 2 * frameWidth();
-    return QSize(twipsToPixels(DefaultWidthTwips),
-                 qMax(twipsToPixels(DefaultHeightTwips), height));
-}
-
-QSize MaskBox::minimumSizeHint() const
-{
-    return QSize(twipsToPixels(DefaultWidthTwips) / 3, sizeHint().height());
 }
 
 } // namespace Tarnwell

@@ -50,34 +50,6 @@ QString userSetting(const QString &subKey, const QString &name)
     return SettingsReader::GetRegValue(SettingsReader::HKeyCurrentUser, subKey, name).toString();
 }
 
-// Bag values are checked as the frame checks its own: anything unreadable is Error(380).
-bool bagBool(const QVariant &v)
-{
-    if (v.typeId() == QMetaType::Bool)
-        return v.toBool();
-    bool ok = false;
-    const qlonglong n = v.toLongLong(&ok);
-    if (!ok)
-        throw Error(Error::InvalidPropertyValue);
-    return n != 0;
-}
-
-qint64 bagInt(const QVariant &v, qint64 lowest, qint64 highest)
-{
-    if (v.userType() == qMetaTypeId<OleColor>())
-        return qvariant_cast<OleColor>(v).value();
-    bool ok = false;
-    const qlonglong n = v.toLongLong(&ok);
-    if (!ok || n < lowest || n > highest)
-        throw Error(Error::InvalidPropertyValue);
-    return n;
-}
-
-OleColor bagColor(const QVariant &v)
-{
-    return OleColor(std::uint32_t(bagInt(v, INT32_MIN, UINT32_MAX)));
-}
-
 QVariant bagNumber(const QVariant &v)
 {
     if (!Variant::isNumeric(v))
@@ -266,7 +238,7 @@ qint16 NumberBox::MaxDecimalPlaces() const
 
 void NumberBox::setMaxDecimalPlaces(qint16)
 {
-    throw Error(UserMode() ? Error::SetNotSupportedAtRuntime : Error::SetNotPermitted);
+    refuseSet();
 }
 
 bool NumberBox::ThousandSeparator() const
@@ -356,7 +328,7 @@ QString NumberBox::Text() const
 
 void NumberBox::setText(const QString &)
 {
-    throw Error(UserMode() ? Error::SetNotSupportedAtRuntime : Error::SetNotPermitted);
+    refuseSet();
 }
 
 void NumberBox::setSelText(const QString &text)
@@ -518,20 +490,6 @@ void NumberBox::enableUpDown()
 void NumberBox::afterCheckClick()
 {
     enableUpDown();
-}
-
-QSize NumberBox::sizeHint() const
-{
-    // The documented default size, grown when the font needs more than the text box gets after
-    // the border allowance.
-    const int allowance = twipsToPixels(borderAllowanceY(BorderStyle()));
-    const int height = Text1()->sizeHint().height() + allowance + 2 * frameWidth();
-    return QSize(twipsToPixels(DefaultWidthTwips), qMax(twipsToPixels(DefaultHeightTwips), height));
-}
-
-QSize NumberBox::minimumSizeHint() const
-{
-    return QSize(twipsToPixels(DefaultWidthTwips) / 3, sizeHint().height());
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -1,4 +1,6 @@
 #include <tarnwell/controlframe.h>
+
+#include <climits>
 #include <tarnwell/dataobject.h>
 #include <tarnwell/error.h>
 #include <tarnwell/propertybag.h>
@@ -42,7 +44,7 @@ const QString kMousePointer = QStringLiteral("MousePointer");
 const QString kOLEDragMode = QStringLiteral("OLEDragMode");
 const QString kOLEDropMode = QStringLiteral("OLEDropMode");
 
-void refuse(int number = Error::InvalidPropertyValue)
+[[noreturn]] void refuse(int number = Error::InvalidPropertyValue)
 {
     throw Error(number);
 }
@@ -124,30 +126,12 @@ bool toInt(const QVariant &v, qint64 *out)
     return ok;
 }
 
-OleColor colorFrom(const QVariant &v)
-{
-    qint64 n = 0;
-    if (!toInt(v, &n) || n < INT32_MIN || n > UINT32_MAX)
-        refuse();
-    return OleColor(std::uint32_t(n));
-}
-
 int intFrom(const QVariant &v)
 {
     qint64 n = 0;
     if (!toInt(v, &n) || n < INT32_MIN || n > INT32_MAX)
         refuse();
     return int(n);
-}
-
-bool boolFrom(const QVariant &v)
-{
-    if (v.typeId() == QMetaType::Bool)
-        return v.toBool();
-    qint64 n = 0;
-    if (!toInt(v, &n))
-        refuse();
-    return n != 0;
 }
 
 QPixmap pixmapFrom(const QVariant &v)
@@ -493,7 +477,51 @@ QString ControlFrame::SelText() const
 
 void ControlFrame::setSelText(const QString &)
 {
+    refuseSet();
+}
+
+void ControlFrame::refuseSet() const
+{
     refuse(m_userMode ? Error::SetNotSupportedAtRuntime : Error::SetNotPermitted);
+}
+
+bool ControlFrame::bagBool(const QVariant &value)
+{
+    if (value.typeId() == QMetaType::Bool)
+        return value.toBool();
+    return bagInt(value, LLONG_MIN, LLONG_MAX) != 0;
+}
+
+qint64 ControlFrame::bagInt(const QVariant &value, qint64 lowest, qint64 highest)
+{
+    qint64 n = 0;
+    if (!toInt(value, &n) || n < lowest || n > highest)
+        refuse();
+    return n;
+}
+
+OleColor ControlFrame::bagColor(const QVariant &value)
+{
+    return OleColor(std::uint32_t(bagInt(value, INT32_MIN, UINT32_MAX)));
+}
+
+QString ControlFrame::bagString(const QVariant &value)
+{
+    if (value.typeId() != QMetaType::QString && !value.canConvert<QString>())
+        refuse();
+    return value.toString();
+}
+
+QSize ControlFrame::sizeHint() const
+{
+    const int allowance = twipsToPixels(borderAllowanceY(BorderStyle()));
+    const int height = m_text1->sizeHint().height() + allowance + 2 * frameWidth();
+    return QSize(twipsToPixels(DefaultWidthTwips), qMax(twipsToPixels(DefaultHeightTwips), height));
+}
+
+QSize ControlFrame::minimumSizeHint() const
+{
+    return QSize(twipsToPixels(DefaultWidthTwips) / 3, sizeHint().height());
 }
 
 void ControlFrame::Refresh()
@@ -1209,23 +1237,23 @@ bool ControlFrame::readCommon(const PropertyBag &bag, const QString &key)
         return false;
     const QVariant v = bag.ReadProperty(key, commonDefault(key));
     if (key == kBackColor) {
-        m_backColor = colorFrom(v);
+        m_backColor = bagColor(v);
         applyBorder();
     } else if (key == kForeColor) {
-        m_foreColor = colorFrom(v);
+        m_foreColor = bagColor(v);
         applyTextColor();
     } else if (key == kDisabledColor) {
-        m_disabledColor = colorFrom(v);
+        m_disabledColor = bagColor(v);
         applyTextColor();
     } else if (key == kEnabled) {
-        const bool on = boolFrom(v);
+        const bool on = bagBool(v);
         QFrame::setEnabled(on);
         m_check1->setEnabled(on);
         applyTextColor();
     } else if (key == kFont) {
         m_text1->setFont(fontFrom(v));
     } else if (key == kLocked) {
-        m_text1->setReadOnly(boolFrom(v));
+        m_text1->setReadOnly(bagBool(v));
     } else if (key == kMouseIcon) {
         m_mouseIcon = pixmapFrom(v);
         applyCursor();
@@ -1259,22 +1287,22 @@ bool ControlFrame::readCommon(const PropertyBag &bag, const QString &key)
         m_mousePointer = pointer;
         applyCursor();
     } else if (key == kSelectTextOnFocus) {
-        m_selectTextOnFocus = boolFrom(v);
+        m_selectTextOnFocus = bagBool(v);
     } else if (key == kToolTip) {
         m_text1->setToolTip(v.toString());
     } else if (key == kCheckBox) {
-        m_checkBox = boolFrom(v);
+        m_checkBox = bagBool(v);
         relayout();
     } else if (key == kChecked) {
-        m_checked = boolFrom(v);
+        m_checked = bagBool(v);
         if (m_check1->isChecked() != m_checked)
             m_check1->setChecked(m_checked);
         else
             applyCheckVisibility();
     } else if (key == kNullIfEmpty) {
-        m_nullIfEmpty = boolFrom(v);
+        m_nullIfEmpty = bagBool(v);
     } else if (key == kEnterAsTab) {
-        m_enterAsTab = boolFrom(v);
+        m_enterAsTab = bagBool(v);
     }
     return true;
 }
