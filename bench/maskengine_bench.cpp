@@ -1,6 +1,6 @@
 // The masked-text engine on its hot paths: one keystroke, and the conversions run on leaving the
 // box and on Value.
-#include "maskbox/maskengine.h"
+#include "maskengine/maskengine.h"
 
 #include <benchmark/benchmark.h>
 

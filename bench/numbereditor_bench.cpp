@@ -1,6 +1,6 @@
 // The number box's edit routines without a widget: one keystroke of typing, and one step.
-#include "numberbox/numberdisplay.h"
-#include "numberbox/numbereditor.h"
+#include "numberengine/numberdisplay.h"
+#include "numberengine/numbereditor.h"
 
 #include <tarnwell/constants.h>
 

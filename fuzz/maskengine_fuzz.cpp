@@ -1,7 +1,7 @@
 // Drives the masked-text engine with a random mask and a random sequence of keystrokes, caret
 // moves, selections and pastes, and checks after every step that an accepted edit leaves a
 // well-formed text and a refused one leaves the state untouched.
-#include "maskbox/maskengine.h"
+#include "maskengine/maskengine.h"
 
 #include <tarnwell/error.h>
 

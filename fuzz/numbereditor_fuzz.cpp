@@ -3,9 +3,9 @@
 // currency symbols. After every edit the shown text must be a well-formed number of the type
 // (within its limits, at most DecimalPlaces decimals) that formats to itself, and the caret and
 // selection must lie inside the text.
-#include "numberbox/numberdisplay.h"
-#include "numberbox/numbereditor.h"
-#include "numberbox/numbertype.h"
+#include "numberengine/numberdisplay.h"
+#include "numberengine/numbereditor.h"
+#include "numberengine/numbertype.h"
 
 #include <tarnwell/constants.h>
 #include <tarnwell/variant.h>

@@ -84,7 +84,8 @@ if wants fuzz; then
   banner "fuzzers (build-fuzz/, ${fuzz_seconds}s each)"
   fuzz_dir=$build_root/build-fuzz
   if CC=clang CXX=clang++ build "$fuzz_dir" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTARNWELL_BUILD_FUZZ=ON \
-       -DTARNWELL_BUILD_TESTS=OFF -DTARNWELL_BUILD_DEMO=OFF -DTARNWELL_BUILD_BENCH=OFF; then
+       -DTARNWELL_BUILD_TESTS=OFF -DTARNWELL_BUILD_DEMO=OFF -DTARNWELL_BUILD_BENCH=OFF \
+       -- tarnwell-fuzzers; then
     mapfile -t targets < <(find "$fuzz_dir/fuzz" -maxdepth 1 -type f -name 'fuzz_*' -perm -u+x 2>/dev/null | sort)
     [ ${#targets[@]} -eq 0 ] && echo "fuzz: no fuzz targets"
     for exe in "${targets[@]}"; do

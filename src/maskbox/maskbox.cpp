@@ -4,7 +4,7 @@
 #include <tarnwell/propertybag.h>
 #include <tarnwell/variant.h>
 
-#include "maskbox/maskengine.h"
+#include "maskengine/maskengine.h"
 
 #include <QCheckBox>
 #include <QEvent>

@@ -3,10 +3,10 @@
 #include <tarnwell/propertybag.h>
 #include <tarnwell/variant.h>
 
-#include "numberbox/numberdisplay.h"
-#include "numberbox/numbereditor.h"
-#include "numberbox/numbertype.h"
-#include "numberbox/textworkspace.h"
+#include "numberengine/numberdisplay.h"
+#include "numberengine/numbereditor.h"
+#include "numberengine/numbertype.h"
+#include "numberengine/textworkspace.h"
 #include "platform/keyboard.h"
 #include "shared/contextmenuhook.h"
 #include "shared/settingsreader.h"

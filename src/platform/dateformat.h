@@ -17,7 +17,7 @@ namespace Tarnwell {
 // itself. The whole pattern may also name one of the host's forms: "General Date", "Long Date",
 // "Medium Date", "Short Date", "Long Time", "Medium Time", "Short Time"; an empty pattern is
 // "General Date".
-class TARNWELL_EXPORT DateFormat
+class DateFormat
 {
 public:
     static QString format(const Tarnwell::Date &date, const QString &pattern,

@@ -24,7 +24,7 @@ namespace Tarnwell {
 // - Empty formats as 0, Null as the empty text; a text that reads as a number is formatted as
 //   that number (a Double), any other text is returned as it is. An empty pattern gives the
 //   host's general form (as Variant::toString).
-class TARNWELL_EXPORT NumberFormat
+class NumberFormat
 {
 public:
     static QString format(const QVariant &value, const QString &pattern,

@@ -3,7 +3,7 @@
 #include <tarnwell/maskbox.h>
 
 #include "common/widgetfixture.h"
-#include "maskbox/maskengine.h"
+#include "maskengine/maskengine.h"
 
 #include <QClipboard>
 #include <QDropEvent>

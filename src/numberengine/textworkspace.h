@@ -15,7 +15,7 @@ namespace Tarnwell {
 //   - setSelText() replaces the selection and leaves the caret right after the new text.
 // Where the host would raise "Invalid property value" for a negative position, the workspace
 // clamps to 0 instead: its callers compute positions and must never be thrown at mid-edit.
-class TARNWELL_EXPORT TextWorkspace
+class TextWorkspace
 {
 public:
     TextWorkspace() = default;

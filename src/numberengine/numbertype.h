@@ -18,7 +18,7 @@ namespace Tarnwell {
 // Nothing here throws: a conversion or operation that fails yields Empty (or false, or nullopt),
 // exactly as the control swallows conversion errors. A data type outside 0..6 holds nothing:
 // its limits are Empty, every conversion is Empty and no value is ever in range.
-class TARNWELL_EXPORT NumberType
+class NumberType
 {
 public:
     // The limits the control enforces, kept at the published figures: Currency stops at the

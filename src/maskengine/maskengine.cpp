@@ -1,4 +1,4 @@
-#include "maskbox/maskengine.h"
+#include "maskengine/maskengine.h"
 
 #include <tarnwell/error.h>
 

@@ -1,5 +1,5 @@
-#include "numberbox/numberdisplay.h"
-#include "numberbox/numbereditor.h"
+#include "numberengine/numberdisplay.h"
+#include "numberengine/numbereditor.h"
 
 #include <tarnwell/constants.h>
 #include <tarnwell/variant.h>

@@ -61,7 +61,7 @@ struct MaskEditResult
 //   Backspace:              engine.Backspace(state);
 //   Delete:                 engine.Delete(state);
 //   leaving the box:        FormatMaskValue(ExtractMaskValue(text, charCase)).
-class TARNWELL_EXPORT MaskEngine
+class MaskEngine
 {
 public:
     enum Kind : qint16 { Digit = 1, Letter = 2, DigitOrLetter = 3, AnyCharacter = 4 };

@@ -1,5 +1,5 @@
-#include "numberbox/numberdisplay.h"
-#include "numberbox/textworkspace.h"
+#include "numberengine/numberdisplay.h"
+#include "numberengine/textworkspace.h"
 
 #include <tarnwell/decimal.h>
 

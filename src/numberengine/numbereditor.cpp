@@ -1,8 +1,8 @@
-#include "numberbox/numbereditor.h"
+#include "numberengine/numbereditor.h"
 
-#include "numberbox/numberdisplay.h"
-#include "numberbox/numbertype.h"
-#include "numberbox/textworkspace.h"
+#include "numberengine/numberdisplay.h"
+#include "numberengine/numbertype.h"
+#include "numberengine/textworkspace.h"
 
 #include <tarnwell/constants.h>
 

@@ -79,7 +79,7 @@ struct NumberEditResult
 //   step             Value +- Increment within the type's limits (not Minimum..Maximum); the caret
 //                    keeps its distance in characters from the right end. Refused while locked.
 //   keyPress         the character keys of the box: digits, "," ".", "-", Backspace (8).
-class TARNWELL_EXPORT NumberEditor
+class NumberEditor
 {
 public:
     explicit NumberEditor(const NumberDisplay &display) : m_display(&display) {}

@@ -1,4 +1,4 @@
-#include "numberbox/numbertype.h"
+#include "numberengine/numbertype.h"
 
 #include <tarnwell/constants.h>
 #include <tarnwell/currency.h>

@@ -1,7 +1,7 @@
-#include "numberbox/numberdisplay.h"
+#include "numberengine/numberdisplay.h"
 
-#include "numberbox/numbertype.h"
-#include "numberbox/textworkspace.h"
+#include "numberengine/numbertype.h"
+#include "numberengine/textworkspace.h"
 #include "platform/numberformat.h"
 
 #include <algorithm>

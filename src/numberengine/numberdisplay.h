@@ -20,7 +20,7 @@ class TextWorkspace;
 // formatter does not group 1000 (or that writes digits other than ASCII ones) would put a digit
 // there; the locale's own separators are used instead, so a digit is never taken for one. The
 // minus sign is taken the same way, from -1 formatted with "0".
-class TARNWELL_EXPORT NumberDisplay
+class NumberDisplay
 {
 public:
     explicit NumberDisplay(const QLocale &locale = QLocale());

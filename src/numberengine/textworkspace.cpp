@@ -1,4 +1,4 @@
-#include "numberbox/textworkspace.h"
+#include "numberengine/textworkspace.h"
 
 #include <algorithm>
 
