@@ -8,13 +8,13 @@
 namespace Tarnwell {
 Q_NAMESPACE_EXPORT(TARNWELL_EXPORT)
 
-enum twBorderStyleConstants { twNone = 0, twFixedSingle = 1, twFixed3D = 2 };
+enum twBorderStyleConstants : int { twNone = 0, twFixedSingle = 1, twFixed3D = 2 };
 Q_ENUM_NS(twBorderStyleConstants)
 
-enum twCharCaseConstants { twAnyCase = 0, twUpperCase = 1, twLowerCase = 2 };
+enum twCharCaseConstants : int { twAnyCase = 0, twUpperCase = 1, twLowerCase = 2 };
 Q_ENUM_NS(twCharCaseConstants)
 
-enum twDataTypeConstants {
+enum twDataTypeConstants : int {
     twByte = 0,
     twInteger = 1,
     twLong = 2,
@@ -25,10 +25,10 @@ enum twDataTypeConstants {
 };
 Q_ENUM_NS(twDataTypeConstants)
 
-enum twCurrencyPositionConstants { twNoCurrency = 0, twLeft = 1, twRight = 2 };
+enum twCurrencyPositionConstants : int { twNoCurrency = 0, twLeft = 1, twRight = 2 };
 Q_ENUM_NS(twCurrencyPositionConstants)
 
-enum twDateFormatConstants {
+enum twDateFormatConstants : int {
     twDayMonthYear = 0,
     twMonthDayYear = 1,
     twMonthYear = 2,
@@ -37,7 +37,7 @@ enum twDateFormatConstants {
 };
 Q_ENUM_NS(twDateFormatConstants)
 
-enum twTimeFormatConstants {
+enum twTimeFormatConstants : int {
     twHourMinuteSecondAMPM = 0,
     twHourMinuteAMPM = 1,
     twHourMinuteSecond = 2,
@@ -46,7 +46,7 @@ enum twTimeFormatConstants {
 Q_ENUM_NS(twTimeFormatConstants)
 
 // The host's text-box alignment constants (Alignment property).
-enum twAlignmentConstants { twLeftJustify = 0, twRightJustify = 1, twCenter = 2 };
+enum twAlignmentConstants : int { twLeftJustify = 0, twRightJustify = 1, twCenter = 2 };
 Q_ENUM_NS(twAlignmentConstants)
 
 } // namespace Tarnwell

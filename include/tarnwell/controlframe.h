@@ -6,39 +6,40 @@
 #include <QFont>
 #include <QFrame>
 #include <QPixmap>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 
 #include <functional>
+#include <memory>
 
 class QCheckBox;
-class QDragEnterEvent;
-class QDragMoveEvent;
-class QDropEvent;
-class QFocusEvent;
-class QKeyEvent;
 class QLineEdit;
-class QMouseEvent;
 
 namespace Tarnwell {
 
 class DataObject;
+struct CommonDefaults;
+class FrameEditor;
+class InnerMaskEditor;
+class LineEditor;
+class MaskBox;
 class PropertyBag;
 
-// The outer frame every Tarnwell control is built on: it owns the common properties, forwards
-// them to the inner text box `Text1` and check box `Check1`, relays their events to the host under
-// the control's own event names, and runs the key pipeline that lets first the host and then the
-// control itself change or consume each keystroke.
+// The outer frame every Tarnwell control is built on. It is the host's site (design or run
+// time, the can-property-change query, the set of properties reported changed), keeps the
+// HasFocus and Updating flags, draws the border, raises the events, and stores the common
+// properties, which it applies to the inner widgets through an editor: a line editor (the text
+// box Text1 and the check box Check1, for MaskBox and NumberBox) or an inner-mask editor (an
+// inner MaskBox, for DateBox and TimeBox).
 //
 // Events carrying arguments by reference must be connected with Qt::DirectConnection (or the
 // default automatic connection on the GUI thread): a queued connection cannot hand the changed
 // value back, and Qt refuses to queue reference arguments.
 //
-// A control derives from ControlFrame, adds its own inner widgets and properties, and overrides
-// the virtual hooks of the protected section (key handling, text change, focus, check-box click,
-// layout, SelText).
+// Refused property values throw Error(380) and leave the control as it was. QWidget's own
+// setEnabled, setFont and setToolTip, called through a QWidget pointer, have the same effect on
+// the control as Enabled, Font and ToolTip (only the property is not reported changed).
 class TARNWELL_EXPORT ControlFrame : public QFrame
 {
     Q_OBJECT
@@ -80,22 +81,19 @@ public:
     static constexpr int DefaultWidthTwips = 1650;
     static constexpr int DefaultHeightTwips = 315;
 
-    explicit ControlFrame(QWidget *parent = nullptr);
     ~ControlFrame() override;
 
-    // Common properties. Every setter marks the property dirty under its own name; refused values
-    // throw Error(380) and leave the control unchanged.
+    // Common properties. Every setter reports the property changed under its own name.
     OleColor BackColor() const { return m_backColor; }
     void setBackColor(OleColor color);
     OleColor ForeColor() const { return m_foreColor; }
     void setForeColor(OleColor color);
     OleColor DisabledColor() const { return m_disabledColor; }
     void setDisabledColor(OleColor color);
-    // The frame's own enabled state. Hides QWidget::setEnabled so that the text colour follows;
-    // a call through a QWidget pointer is caught by changeEvent() all the same.
+    // The frame's own setting; a disabled parent form does not change it.
     bool Enabled() const;
     void setEnabled(bool enabled);
-    QFont Font() const;
+    QFont Font() const { return font(); }
     void setFont(const QFont &font);
     twBorderStyleConstants BorderStyle() const { return m_borderStyle; }
     void setBorderStyle(twBorderStyleConstants style);
@@ -109,11 +107,11 @@ public:
     void setNullIfEmpty(bool on);
     bool EnterAsTab() const { return m_enterAsTab; }
     void setEnterAsTab(bool on);
-    QString ToolTip() const;
+    QString ToolTip() const { return toolTip(); }
     void setToolTip(const QString &text);
     bool CheckBox() const { return m_checkBox; }
     void setCheckBox(bool on);
-    bool Checked() const { return m_checked; }
+    bool Checked() const;
     void setChecked(bool on);
     QPixmap MouseIcon() const { return m_mouseIcon; }
     void setMouseIcon(const QPixmap &icon);
@@ -132,11 +130,11 @@ public:
     virtual void setSelText(const QString &text);
 
     Q_INVOKABLE void Refresh();
-    // Starts a drag of Text1's selection: OLEStartDrag, the drag itself, OLECompleteDrag.
+    // Starts a drag of the selected text: OLEStartDrag, the drag itself, OLECompleteDrag.
     Q_INVOKABLE void OLEDrag();
 
     // The host site.
-    bool UserMode() const { return m_userMode; }  // true at run time (the default)
+    bool UserMode() const { return m_userMode; } // true at run time (the default)
     void setUserMode(bool runTime);
     using CanPropertyChangeHook = std::function<bool(const QString &name)>;
     void setCanPropertyChangeHook(CanPropertyChangeHook hook);
@@ -147,25 +145,10 @@ public:
 
     // Per-instance flags.
     bool HasFocus() const { return m_hasFocus; }
-    bool CheckHasFocus() const { return m_checkHasFocus; }
+    bool CheckHasFocus() const;
     bool Updating() const { return m_updating; }
 
-    // Layout arithmetic shared by the controls (all in twips unless named pixels).
-    static int borderAllowanceX(twBorderStyleConstants style); // 15, 45, 80
-    static int borderAllowanceY(twBorderStyleConstants style); // 15, 45, 75
-    static int twipsToPixels(double twips);                   // nearest pixel, halves to even
-    static double pixelsToTwips(double pixels) { return pixels * TwipsPerPixel; }
-    static int roundHalfEven(double value);
-    // The check box's top edge: the nearest whole pixel to half the free height, in twips.
-    static int checkBoxTopTwips(int textHeightTwips, int checkHeightTwips);
-    // Mouse-pointer constant to cursor shape (ArrowCursor for 99 and anything unknown).
-    static Qt::CursorShape cursorShapeFor(int mousePointer);
-
-    // Keys of the property bag that readCommon/writeCommon know.
-    static const QStringList &commonKeys();
-
-    // The documented default size, grown to fit the font: the text box gets the inner height less
-    // the border allowance, so both are added back to the text box's own height.
+    // The documented default size, grown to fit the font.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -192,15 +175,14 @@ signals:
     void PropertyChanged(const QString &name);
 
 protected:
-    // Readers of property-bag values: anything unreadable throws Error(380), as a bad property
-    // value does, so every control refuses a damaged bag the same way.
-    static bool bagBool(const QVariant &value);
-    static qint64 bagInt(const QVariant &value, qint64 lowest, qint64 highest);
-    static OleColor bagColor(const QVariant &value);
-    static QString bagString(const QVariant &value);
-    // Refuses a set of a property that is read-only once placed: 387 at design time, 382 at
-    // run time.
-    [[noreturn]] void refuseSet() const;
+    // Which inner widgets carry the text.
+    enum class EditorKind {
+        Line,      // Text1 and Check1
+        InnerMask, // an inner MaskBox named by `innerName`
+    };
+    // The common values are those of a new control; the subclass sets its own defaults after.
+    explicit ControlFrame(QWidget *parent, EditorKind kind = EditorKind::Line,
+                          const QString &innerName = QString());
 
     // Raises Updating for its lifetime (nests: the previous state comes back).
     class UpdatingGuard
@@ -219,47 +201,78 @@ protected:
         bool m_old;
     };
 
-    QLineEdit *Text1() const { return m_text1; }
-    QCheckBox *Check1() const { return m_check1; }
+    FrameEditor &editor() const { return *m_editor; }
+    // The line editor's text box (null for a control on an inner MaskBox). Text a control writes
+    // goes through writeText(), so that it is told apart from text arriving without keys.
+    QLineEdit *Text1() const;
+    // The line editor's check box; created on first use (it starts hidden).
+    QCheckBox *Check1() const;
+    // The inner MaskBox of a control built on one (null for a line control).
+    MaskBox *innerBox() const;
+    // The text as shown in the text box (or the inner box).
+    QString shownText() const;
+    // Writes the line editor's text box: only when the text differs, then the selection.
+    void writeText(const QString &text, int selStart, int selLength = 0);
+    // Ticks or clears the check box as a click would: Checked, the text's visibility, Change.
+    void setCheckValue(bool ticked);
+    // Whether the controls that act on the value (up-down button, calendar) may be used: the
+    // frame is enabled and the check box, if shown, is ticked.
+    bool valueControlsEnabled() const;
+
+    // The defaults of the common properties for this kind of control (a static object); they
+    // are those of MaskBox unless the control names its own.
+    void setCommonDefaults(const CommonDefaults &defaults) { m_commonDefaults = &defaults; }
+    const CommonDefaults &commonDefaults() const { return *m_commonDefaults; }
 
     // Reports `name` changed to the host: dirty set and PropertyChanged.
     void markDirty(const QString &name);
-    void setUpdating(bool on) { m_updating = on; }
+    // Refuses a set of a property that is read-only once placed: 387 at design time, 382 at
+    // run time.
+    [[noreturn]] void refuseSet() const;
 
-    // --- Key pipeline hooks (Text1's keys). Each runs after the host's event of the same name.
+    // --- Key pipeline hooks. Each runs after the host's event of the same name.
     // Zero keyCode to consume a key that types no character (Delete, arrows).
     virtual void handleKeyDown(short &keyCode, short &shift);
     // Zero keyAscii to consume the character; change it to have another character typed.
     virtual void handleKeyPress(short &keyAscii);
     virtual void handleKeyUp(short &keyCode, short &shift);
     // Whether a key that application shortcuts might claim (Ctrl+V, Ctrl+X, Ctrl+Z, Ctrl+C,
-    // Shift+Insert, Shift+Delete, Ctrl+Insert) is kept for Text1's key pipeline. Default: all
-    // of them, so that handleKeyPress decides.
+    // Shift+Insert, Shift+Delete, Ctrl+Insert) is kept for the key pipeline. Default: all of
+    // them, so that handleKeyPress decides.
     virtual bool keepsShortcutKey(short keyCode, short shift, short keyAscii) const;
 
-    // --- Text1's text changed. Default: mark "Value" dirty and raise Change unless Updating.
+    // --- The text changed: by a key, by the control's own write, or (line editor) by text that
+    // arrived without keys and was taken. Default: mark "Value" dirty and raise Change unless
+    // Updating.
     virtual void onTextChanged();
+    // Text arrived in the text box without keys (a paste from the context menu, a drop, an
+    // undo, a program's call on the text box) while the control is not Locked (a Locked
+    // control takes none of it: `previous` comes back). Default: keep it, as onTextChanged()
+    // reports. A control may write its own text instead (writeText()).
+    virtual void onForeignText(const QString &text, const QString &previous);
 
     // --- Focus entering or leaving the control as a whole (moves between its own inner widgets
-    // are not seen). Defaults: HasFocus is set / cleared by the caller before the hook; entering
-    // selects all of Text1 when SelectTextOnFocus.
+    // are not seen). HasFocus is set / cleared before the hook. Default: entering selects all
+    // the text when SelectTextOnFocus.
     virtual void onEnterFocus();
     virtual void onExitFocus();
-    // Whether the focus widget belongs to this control (default: it is this frame or inside it).
-    // A control with a popup window of its own widens this.
-    virtual bool containsFocusWidget(const QWidget *widget) const;
 
-    // --- Check1's value changed (user or code). Default: Checked from Check1, Text1's
-    // visibility, focus to Text1 when the user ticked it, afterCheckClick(), Change unless
-    // Updating.
-    virtual void onCheckClick();
+    // --- A drag entering, moving over or dropping on the text box; true when the control took
+    // it. Default: not taken (the drop modes decide).
+    virtual bool filterDrop(QEvent *event);
+
+    // --- The check box's value changed (user or code): Checked, the text's visibility, focus
+    // into the text when the user ticked it, updateValueControls(), this hook, then Change
+    // unless Updating.
     virtual void afterCheckClick() {}
-    // Text1 shown when CheckBox is off or Checked is on.
-    void applyCheckVisibility();
+    // The enabled state of the controls that act on the value (valueControlsEnabled()) may have
+    // changed: Enabled, CheckBox or Checked moved. Default: nothing.
+    virtual void updateValueControls() {}
 
-    // --- Layout. Default: Text1 and Check1 from the inner size, BorderStyle and CheckBox.
-    // Runs on resize and from applyBorder(), so it must not call applyBorder() itself.
+    // --- Layout: the text (and check box) from the inner size, BorderStyle and CheckBox, less
+    // `reservedWidth()` twips at the right. Runs on resize and after the border changes.
     virtual void relayout();
+    virtual int reservedWidth() const { return 0; }
     // The inner size the layout works from, in twips.
     int innerWidthTwips() const;
     int innerHeightTwips() const;
@@ -267,57 +280,40 @@ protected:
     void placeTwips(QWidget *child, int left, int top, int width, int height);
 
     // --- Colours and border.
-    // Text1's text colour: ForeColor while enabled, DisabledColor while not.
+    // The text colour: ForeColor while enabled, DisabledColor while not.
+    virtual OleColor textColor() const;
+    // Applies textColor() and BackColor to the text; a control with more text boxes adds them.
     virtual void applyTextColor();
-    // Frame shape from BorderStyle, the text colour, then Text1's back colour onto the frame.
-    virtual void applyBorder();
+    // Paints a text box of this control in textColor() on BackColor, as Text1 is painted.
+    void paintTextBox(QWidget *box) const;
+    // Frame shape from BorderStyle, the text colour, then the layout.
+    void applyBorder();
     // A colour resolved against this control's palette (system colours included).
     QColor resolveColor(OleColor color) const;
-    // Puts a text and a base colour on a widget's palette in every colour group.
-    static void paintWidget(QWidget *widget, const QColor &text, const QColor &base);
-
-    // Lets a frameless line edit shorter than its font's line show the whole of its capitals and
-    // descenders (text margins shift the line; none when the line fits).
-    static void fitTextLine(QLineEdit *edit);
 
     // The ambient font: the parent widget's font, else the application font.
     QFont ambientFont() const;
 
-    // --- Persistence of the common keys (see commonKeys()), one key at a time, because each
-    // control has its own key order. Reading assigns the inner widgets directly (no dirty marks);
-    // "Alignment" is read with Updating raised; "Checked" runs the check-box click logic;
-    // "CheckBox" re-lays out. A bad value in the bag throws Error(380). Returns false for a key
-    // that is not a common one. The defaults are those of a new control.
-    bool readCommon(const PropertyBag &bag, const QString &key);
-    bool writeCommon(PropertyBag &bag, const QString &key) const;
-    void readCommon(const PropertyBag &bag, const QStringList &keys);
-    void writeCommon(PropertyBag &bag, const QStringList &keys) const;
-    QVariant commonDefault(const QString &key) const;
-    // Common defaults of a new control: colours, 3-D border, SelectTextOnFocus, Checked, no
-    // check box, 110 x 21 pixels; then the border is applied.
-    void initCommon();
-
     // QWidget
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
-    bool filterTextEvent(QEvent *event);
-    bool textKeyPress(QKeyEvent *event);
-    bool textKeyRelease(QKeyEvent *event);
-    bool textShortcutOverride(QKeyEvent *event);
-    void deliverChangedCharacter(QKeyEvent *original, short keyAscii);
-    bool textMouse(QMouseEvent *event);
-    bool textDrag(QEvent *event);
-    bool textFocusIn(QFocusEvent *event);
-    void focusChanged(QWidget *old, QWidget *now);
-    void applyCursor();
-    void applyDropMode();
-    void validateBorderStyle(int style) const;
+    friend class CommonProperties;
+    friend class FocusTracker;
+    friend class InnerMaskEditor;
+    friend class KeyPipeline;
+    friend class LineEditor;
+    friend class UpDownStepper;
 
-    QLineEdit *m_text1 = nullptr;
-    QCheckBox *m_check1 = nullptr;
+    void enterFocus();
+    void exitFocus();
+
+    std::unique_ptr<FrameEditor> m_editor;
+    const CommonDefaults *m_commonDefaults;
+    LineEditor *m_line = nullptr;       // m_editor, for a line control
+    InnerMaskEditor *m_inner = nullptr; // m_editor, for a control on an inner MaskBox
 
     OleColor m_backColor = OleColor::WindowBackground;
     OleColor m_foreColor = OleColor::WindowText;
@@ -327,7 +323,6 @@ private:
     bool m_nullIfEmpty = false;
     bool m_enterAsTab = false;
     bool m_checkBox = false;
-    bool m_checked = true;
     QPixmap m_mouseIcon;
     int m_mousePointer = 0;
     int m_oleDragMode = 0;
@@ -338,13 +333,7 @@ private:
     QStringList m_dirty;
 
     bool m_hasFocus = false;
-    bool m_checkHasFocus = false;
     bool m_updating = false;
-    bool m_applyingPalette = false;
-    bool m_replayingKey = false;
-    bool m_suppressClick = false;
-    QPointer<DataObject> m_dragData;
-    QMetaObject::Connection m_focusConnection;
 };
 
 } // namespace Tarnwell

@@ -8,8 +8,6 @@
 
 #include <memory>
 
-class QInputMethodEvent;
-
 namespace Tarnwell {
 
 class MaskEngine;
@@ -23,8 +21,9 @@ class PropertyBag;
 // fit is refused as a whole.
 //
 // Text that arrives around the keys (Shift+Insert, the text box's context menu, a drop) is taken
-// as it is and brought back to the mask when the focus leaves the control; a character that
-// does not fit its position then clears the text.
+// as it is and brought back to the mask when the focus leaves the control (at once when the box
+// does not have the focus); a character that does not fit its position then clears the text.
+// Composed characters from an input method are typed one by one, as keys would type them.
 //
 // CharCase takes only the three documented constants; any other value is refused with Error(380)
 // both as a property and in a property bag, so that typed characters and Value never disagree
@@ -96,18 +95,14 @@ public:
 protected:
     void handleKeyDown(short &keyCode, short &shift) override;
     void handleKeyPress(short &keyAscii) override;
+    void onForeignText(const QString &text, const QString &previous) override;
     void onExitFocus() override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void maskKeyPress(short keyAscii);
-    void typeCommitted(const QString &text);
-    bool filterCommitted(QInputMethodEvent *event);
     void normalise();
-    void readAll(const PropertyBag &bag);
-    // Writes Text1 only when the text differs, so that an unchanged text keeps its caret.
+    // Writes the text as a program does: the caret goes to the start.
     void setText1(const QString &text);
-    QString formatted(const QString &raw) const;
 
     std::unique_ptr<MaskEngine> m_engine;
     twCharCaseConstants m_charCase = twAnyCase;

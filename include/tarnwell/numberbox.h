@@ -17,7 +17,7 @@ class NumberDisplay;
 class NumberEditor;
 class PropertyBag;
 class TextWorkspace;
-class UpDownButton;
+class UpDownStepper;
 struct NumberEditResult;
 struct NumberEditState;
 
@@ -51,7 +51,6 @@ class TARNWELL_EXPORT NumberBox : public ControlFrame
     Q_PROPERTY(Tarnwell::OleColor NegativeDisabledColor READ NegativeDisabledColor
                    WRITE setNegativeDisabledColor)
     Q_PROPERTY(bool UseNegativeColor READ UseNegativeColor WRITE setUseNegativeColor)
-    Q_PROPERTY(QString ToolTip READ ToolTip WRITE setToolTip)
     Q_PROPERTY(QString Text READ Text WRITE setText DESIGNABLE false STORED false)
 
 public:
@@ -107,9 +106,6 @@ public:
     bool UseNegativeColor() const { return m_useNegativeColor; }
     void setUseNegativeColor(bool on);
 
-    // Also the tool tip of the up-down buttons.
-    void setToolTip(const QString &text);
-
     // The shown text. It cannot be set (387 at design time, 382 at run time): the text is
     // always the formatted Value.
     QString Text() const;
@@ -124,37 +120,33 @@ public:
     Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
     Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
 
-    // The up-down buttons' width in twips: the user's ScrollWidth, made positive.
-    static int upDownWidthTwips();
-
 
 protected:
     void handleKeyDown(short &keyCode, short &shift) override;
     void handleKeyPress(short &keyAscii) override;
     void onTextChanged() override;
+    void onForeignText(const QString &text, const QString &previous) override;
+    bool filterDrop(QEvent *event) override;
     void onExitFocus() override;
-    void afterCheckClick() override;
+    void updateValueControls() override;
     void relayout() override;
+    int reservedWidth() const override;
+    OleColor textColor() const override;
     void applyTextColor() override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void readAll(const PropertyBag &bag);
-    QVariant bagBound(const PropertyBag &bag, const QString &key, const QVariant &limit) const;
     NumberEditState editState() const;
     // Writes an accepted edit: the value first (the colour rule reads it), then text and caret.
     void apply(const NumberEditResult &result);
-    void writeText1(const QString &text, int selStart, int selLength);
+    void writeNumber(const QString &text, int selStart, int selLength);
     void ShowValue();
     void Step(bool up);
     void paste(const QString &text);
-    void upDownChanged();
-    void enableUpDown();
     void refreshTextColor();
-    // Text1 took a text no edit of ours wrote (drag move, input method...): keep it if it is a
-    // number, else put the last shown text back.
+    // Text1 took a text no edit of ours wrote (drag move, undo, a program's insert...): keep it
+    // if it is a number, else put the last shown text back.
     void normaliseForeignText(const QString &text);
-    bool filterDrop(QEvent *event);
+    QLineEdit *text3();
     QVariant convert(const QVariant &value) const;
     bool inRange(const QVariant &value, bool useMinMax) const;
     // Error 13 for a non-number, 6 outside the type's limits.
@@ -163,8 +155,8 @@ private:
     std::unique_ptr<NumberDisplay> m_display;
     std::unique_ptr<NumberEditor> m_editor;
     std::unique_ptr<TextWorkspace> m_text2;
+    std::unique_ptr<UpDownStepper> m_stepper;
     QLineEdit *m_text3 = nullptr;
-    UpDownButton *m_upDown1 = nullptr;
 
     int m_dataType = twCurrency;
     QVariant m_value;
@@ -177,9 +169,8 @@ private:
     OleColor m_negativeDisabledColor = DefaultNegativeDisabledColor;
     bool m_useNegativeColor = true;
 
-    QString m_shownText;      // what our own edits last wrote into Text1
+    QString m_shownText; // what our own edits last wrote into Text1
     int m_appliedColorRole = -1;
-    bool m_stepping = false;
     bool m_normalising = false;
 };
 

@@ -5,10 +5,10 @@
 #include <tarnwell/variant.h>
 
 #include "maskengine/maskengine.h"
+#include "shared/bagkeys.h"
+#include "shared/bagvalues.h"
+#include "shared/commonproperties.h"
 
-#include <QCheckBox>
-#include <QEvent>
-#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMetaClassInfo>
 #include <QPointer>
@@ -17,48 +17,13 @@ namespace Tarnwell {
 
 namespace {
 
-const QString kMask = QStringLiteral("Mask");
-const QString kText = QStringLiteral("Text");
-const QString kCharCase = QStringLiteral("CharCase");
-const QString kPromptInclude = QStringLiteral("PromptInclude");
-const QString kValue = QStringLiteral("Value");
-
 constexpr short KeyBackspace = 8;
 constexpr short KeyCtrlC = 3;
 constexpr short KeyDelete = 46;
 
-// The bag's keys in the order they are written; reading differs only in "Text" (never read) and
-// in reading "Checked" before "CheckBox".
-const QStringList &writeOrder()
-{
-    static const QStringList keys{
-        QStringLiteral("BackColor"),     QStringLiteral("Enabled"),
-        QStringLiteral("Font"),          QStringLiteral("Locked"),
-        QStringLiteral("MouseIcon"),     QStringLiteral("BorderStyle"),
-        QStringLiteral("ForeColor"),     QStringLiteral("DisabledColor"),
-        QStringLiteral("Alignment"),     QStringLiteral("OLEDragMode"),
-        QStringLiteral("OLEDropMode"),   QStringLiteral("MouseIcon"),
-        QStringLiteral("MousePointer"),  QStringLiteral("SelectTextOnFocus"),
-        kMask,                           kText,
-        kCharCase,                       kPromptInclude,
-        QStringLiteral("ToolTip"),       QStringLiteral("CheckBox"),
-        QStringLiteral("Checked"),       QStringLiteral("NullIfEmpty"),
-        QStringLiteral("EnterAsTab")};
-    return keys;
-}
-
 bool isCharCase(int value)
 {
     return value >= twAnyCase && value <= twLowerCase;
-}
-
-int charCaseFrom(const QVariant &v)
-{
-    bool ok = false;
-    const qlonglong n = v.toLongLong(&ok);
-    if (!ok || !isCharCase(int(n)) || n != int(n))
-        throw Error(Error::InvalidPropertyValue);
-    return int(n);
 }
 
 QChar charOf(short keyAscii)
@@ -68,7 +33,8 @@ QChar charOf(short keyAscii)
 
 } // namespace
 
-MaskBox::MaskBox(QWidget *parent) : ControlFrame(parent), m_engine(std::make_unique<MaskEngine>())
+MaskBox::MaskBox(QWidget *parent)
+    : ControlFrame(parent), m_engine(std::make_unique<MaskEngine>())
 {
     Variant::registerTypes();
     InitProperties();
@@ -101,19 +67,19 @@ void MaskBox::setValue(const QVariant &value)
 {
     if (!UserMode())
         throw Error(Error::SetNotPermitted);
-    if (!CanPropertyChange(kValue))
+    if (!CanPropertyChange(BagKey::Value))
         return;
     const bool isNull = Variant::isNull(value);
     // Converted before anything changes, so that a value with no text form changes nothing.
     const QString text = isNull ? QString() : Variant::toString(value);
     QPointer<MaskBox> self(this);
     if (CheckBox())
-        Check1()->setChecked(!isNull); // the click logic: Checked, Text1 shown, Change
+        setCheckValue(!isNull); // the click logic: Checked, Text1 shown, Change
     if (!self)
         return;
-    setText1(formatted(text));
+    setText1(m_engine->FormatMaskValue(text));
     if (self)
-        markDirty(kValue);
+        markDirty(BagKey::Value);
 }
 
 void MaskBox::setCharCase(twCharCaseConstants charCase)
@@ -121,7 +87,7 @@ void MaskBox::setCharCase(twCharCaseConstants charCase)
     if (!isCharCase(charCase))
         throw Error(Error::InvalidPropertyValue);
     m_charCase = charCase;
-    markDirty(kCharCase);
+    markDirty(BagKey::CharCase);
 }
 
 QString MaskBox::Text() const
@@ -151,29 +117,20 @@ void MaskBox::setMask(const QString &mask)
     // Not under Updating: the host sees the re-formatted text as a Change.
     setText1(UserMode() ? m_engine->FormatMaskValue(raw) : mask);
     if (self)
-        markDirty(kMask);
+        markDirty(BagKey::Mask);
 }
 
 void MaskBox::setPromptInclude(bool on)
 {
     m_promptInclude = on;
-    markDirty(kPromptInclude);
-}
-
-QString MaskBox::formatted(const QString &raw) const
-{
-    return m_engine->FormatMaskValue(raw);
+    markDirty(BagKey::PromptInclude);
 }
 
 void MaskBox::setText1(const QString &text)
 {
-    QPointer<MaskBox> self(this);
-    if (Text1()->text() != text)
-        Text1()->setText(text);
     // A text written by the program starts with the caret at its beginning, as the host's text
-    // box does; a Change handler may have destroyed the control meanwhile.
-    if (self)
-        Text1()->setCursorPosition(0);
+    // box does.
+    writeText(text, 0);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -185,14 +142,8 @@ void MaskBox::handleKeyDown(short &keyCode, short &shift)
         return;
     try {
         MaskEditState state{Text1()->text(), SelStart(), SelLength(), Locked()};
-        const MaskEditResult result = m_engine->Delete(state);
-        if (result.accepted) {
-            QPointer<MaskBox> self(this);
-            if (result.textChanged)
-                Text1()->setText(state.text);
-            if (self)
-                Text1()->setCursorPosition(state.selStart);
-        }
+        if (m_engine->Delete(state).accepted)
+            writeText(state.text, state.selStart);
     } catch (...) {
         // A failed delete is a refused one: the key is consumed all the same.
     }
@@ -230,92 +181,31 @@ void MaskBox::maskKeyPress(short keyAscii)
     } else {
         return;
     }
-    if (!result.accepted)
+    if (result.accepted)
+        writeText(state.text, state.selStart); // Change, once, when the text changed
+}
+
+// Text that came without keys stays as it is while the user edits; a box that does not have the
+// focus (a drop, a program's insert) is brought back to the mask as soon as the text box has
+// taken it, since no leaving will follow.
+void MaskBox::onForeignText(const QString &text, const QString &previous)
+{
+    ControlFrame::onForeignText(text, previous);
+    if (m_engine->isEmpty() || HasFocus() || !UserMode() || m_normalisePending)
         return;
-    QPointer<MaskBox> self(this);
-    if (result.textChanged)
-        Text1()->setText(state.text); // Change, once, from Text1's notification
-    if (self)
-        Text1()->setCursorPosition(state.selStart);
-}
-
-// Characters composed by an input method arrive without key events; in a masked box each one is
-// typed as if its key had been pressed, so that the mask and the host's keyPress still apply.
-void MaskBox::typeCommitted(const QString &text)
-{
-    QPointer<MaskBox> self(this);
-    for (const QChar c : text) {
-        short keyAscii = short(c.unicode());
-        emit keyPress(keyAscii);
-        if (!self)
-            return;
-        if (keyAscii != 0)
-            handleKeyPress(keyAscii);
-    }
-}
-
-// Without a mask the text box takes composed characters itself, but only as the host's keyPress
-// and CharCase leave them, as if each had been typed.
-bool MaskBox::filterCommitted(QInputMethodEvent *event)
-{
-    const QString committed = event->commitString();
-    if (committed.isEmpty())
-        return false;
-    QPointer<MaskBox> self(this);
-    QString typed;
-    typed.reserve(committed.size());
-    for (const QChar c : committed) {
-        short keyAscii = short(c.unicode());
-        emit keyPress(keyAscii);
-        if (!self)
-            return true;
-        if (keyAscii != 0)
-            handleKeyPress(keyAscii);
-        if (keyAscii != 0)
-            typed.append(charOf(keyAscii));
-    }
-    if (typed != committed)
-        event->setCommitString(typed, event->replacementStart(), event->replacementLength());
-    return false;
-}
-
-bool MaskBox::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == Text1() && event->type() == QEvent::InputMethod && m_engine->isEmpty()) {
-        try {
-            if (filterCommitted(static_cast<QInputMethodEvent *>(event)))
-                return true;
-        } catch (...) {
-            return true;
-        }
-    }
-    if (watched == Text1() && !m_engine->isEmpty()) {
-        if (event->type() == QEvent::InputMethod) {
-            try {
-                typeCommitted(static_cast<QInputMethodEvent *>(event)->commitString());
-            } catch (...) {
+    m_normalisePending = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_normalisePending = false;
+            if (!HasFocus() && UserMode()) {
+                try {
+                    normalise();
+                } catch (...) {
+                }
             }
-            return true;
-        }
-        if (event->type() == QEvent::Drop && !m_normalisePending) {
-            // A drop onto a box without the focus is never followed by leaving it: bring the
-            // dropped text back to the mask once the line edit has taken it.
-            m_normalisePending = true;
-            QMetaObject::invokeMethod(
-                this,
-                [this] {
-                    m_normalisePending = false;
-                    if (!HasFocus() && UserMode()) {
-                        try {
-                            normalise();
-                        } catch (...) {
-                        }
-                    }
-                },
-                Qt::QueuedConnection);
-        }
-    }
-    return ControlFrame::eventFilter(watched, event);
+        },
+        Qt::QueuedConnection);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -344,7 +234,7 @@ void MaskBox::normalise()
 
 void MaskBox::InitProperties()
 {
-    initCommon();
+    CommonProperties::initialise(*this);
     m_engine->ParseMask(QString());
     m_charCase = twAnyCase;
     m_promptInclude = true;
@@ -354,57 +244,47 @@ void MaskBox::InitProperties()
 
 void MaskBox::WriteProperties(PropertyBag &bag) const
 {
-    for (const QString &key : writeOrder()) {
-        if (writeCommon(bag, key))
-            continue;
-        if (key == kMask)
-            bag.WriteProperty(key, m_engine->mask(), QString());
-        else if (key == kText)
-            bag.WriteProperty(key, Text1()->text(), QString());
-        else if (key == kCharCase)
-            bag.WriteProperty(key, qint16(m_charCase), qint16(twAnyCase));
-        else if (key == kPromptInclude)
-            bag.WriteProperty(key, m_promptInclude, true);
-    }
+    using K = CommonKey;
+    CommonProperties::write(*this, bag, {K::BackColor, K::Enabled, K::Font, K::Locked, K::MouseIcon,
+                                         K::BorderStyle, K::ForeColor, K::DisabledColor, K::Alignment,
+                                         K::OLEDragMode, K::OLEDropMode, K::MouseIcon,
+                                         K::MousePointer, K::SelectTextOnFocus});
+    bag.WriteProperty(BagKey::Mask, m_engine->mask(), QString());
+    bag.WriteProperty(BagKey::Text, Text1()->text(), QString());
+    bag.WriteProperty(BagKey::CharCase, qint16(m_charCase), qint16(twAnyCase));
+    bag.WriteProperty(BagKey::PromptInclude, m_promptInclude, true);
+    CommonProperties::write(*this, bag, {K::ToolTip, K::CheckBox, K::Checked, K::NullIfEmpty,
+                                         K::EnterAsTab});
 }
 
 void MaskBox::ReadProperties(PropertyBag &bag)
 {
-    {
-        // A trial load on a scratch control first, so that a bad value in the bag is refused
-        // before this control changes or raises anything.
-        MaskBox probe;
-        probe.setUserMode(UserMode());
-        PropertyBag copy = bag;
-        probe.readAll(copy);
-    }
-    readAll(bag);
-}
-
-void MaskBox::readAll(const PropertyBag &bag)
-{
-    readCommon(bag, {QStringLiteral("BackColor"), QStringLiteral("Enabled"),
-                     QStringLiteral("Font"), QStringLiteral("Locked"),
-                     QStringLiteral("MouseIcon"), QStringLiteral("BorderStyle"),
-                     QStringLiteral("ForeColor"), QStringLiteral("DisabledColor")});
-    applyBorder();
-    relayout();
-    readCommon(bag, QStringLiteral("Alignment"));
-    readCommon(bag, {QStringLiteral("OLEDragMode"), QStringLiteral("OLEDropMode"),
-                     QStringLiteral("MouseIcon"), QStringLiteral("MousePointer"),
-                     QStringLiteral("SelectTextOnFocus")});
-
-    const QString mask = bagString(bag.ReadProperty(kMask, QString()));
-    const QString blank = m_engine->ParseMask(mask);
-    // No saved text comes back: a loaded box starts blank.
-    setText1(UserMode() ? blank : mask);
-
-    const int charCase = charCaseFrom(bag.ReadProperty(kCharCase, qint16(twAnyCase)));
-    m_charCase = twCharCaseConstants(charCase);
-    m_promptInclude = bagBool(bag.ReadProperty(kPromptInclude, true));
-    readCommon(bag, {QStringLiteral("ToolTip"), QStringLiteral("Checked"),
-                     QStringLiteral("CheckBox"), QStringLiteral("NullIfEmpty"),
-                     QStringLiteral("EnterAsTab")});
+    using K = CommonKey;
+    MaskEngine engine;
+    BagPlan plan(*this);
+    plan.common({K::BackColor, K::Enabled, K::Font, K::Locked, K::MouseIcon, K::BorderStyle,
+                 K::ForeColor, K::DisabledColor})
+        .step([this] { applyBorder(); })
+        .common({K::Alignment, K::OLEDragMode, K::OLEDropMode, K::MouseIcon, K::MousePointer,
+                 K::SelectTextOnFocus})
+        .key(BagKey::Mask, QString(),
+             [&engine](const QVariant &v) {
+                 const QString mask = BagValue::toString(v);
+                 engine.ParseMask(mask); // Error(6) for an oversized mask, before anything changes
+                 return mask;
+             },
+             [this, &engine](const QVariant &mask) {
+                 *m_engine = engine;
+                 // No saved text comes back: a loaded box starts blank.
+                 setText1(UserMode() ? m_engine->blankTemplate() : mask.toString());
+             })
+        .key(BagKey::CharCase, qint16(twAnyCase),
+             [](const QVariant &v) { return int(BagValue::toInt(v, twAnyCase, twLowerCase)); },
+             [this](const QVariant &v) { m_charCase = twCharCaseConstants(v.toInt()); })
+        .key(BagKey::PromptInclude, true, [](const QVariant &v) { return BagValue::toBool(v); },
+             [this](const QVariant &v) { m_promptInclude = v.toBool(); })
+        .common({K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty, K::EnterAsTab});
+    plan.read(bag);
 }
 
 } // namespace Tarnwell

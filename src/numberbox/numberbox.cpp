@@ -8,47 +8,24 @@
 #include "numberengine/numbertype.h"
 #include "numberengine/textworkspace.h"
 #include "platform/keyboard.h"
+#include "shared/bagkeys.h"
+#include "shared/bagvalues.h"
+#include "shared/commonproperties.h"
 #include "shared/contextmenuhook.h"
-#include "shared/settingsreader.h"
 #include "shared/updownbutton.h"
+#include "shared/updownstepper.h"
+#include "shared/usersettings.h"
 
-#include <QCheckBox>
 #include <QClipboard>
 #include <QDropEvent>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QScopedValueRollback>
 
-#include <cstdlib>
-
 namespace Tarnwell {
 
 namespace {
-
-const QString kDataType = QStringLiteral("DataType");
-const QString kMinimum = QStringLiteral("Minimum");
-const QString kMaximum = QStringLiteral("Maximum");
-const QString kValue = QStringLiteral("Value");
-const QString kIncrement = QStringLiteral("Increment");
-const QString kDecimalPlaces = QStringLiteral("DecimalPlaces");
-const QString kThousandSeparator = QStringLiteral("ThousandSeparator");
-const QString kCurrencySymbol = QStringLiteral("CurrencySymbol");
-const QString kShowCurrencySymbol = QStringLiteral("ShowCurrencySymbol");
-const QString kUpDown = QStringLiteral("UpDown");
-const QString kInterceptArrowKeys = QStringLiteral("InterceptArrowKeys");
-const QString kNegativeColor = QStringLiteral("NegativeColor");
-const QString kNegativeDisabledColor = QStringLiteral("NegativeDisabledColor");
-const QString kUseNegativeColor = QStringLiteral("UseNegativeColor");
-
-const QString kInternational = QStringLiteral("Control Panel\\International");
-const QString kWindowMetrics = QStringLiteral("Control Panel\\Desktop\\WindowMetrics");
-
-QString userSetting(const QString &subKey, const QString &name)
-{
-    return SettingsReader::GetRegValue(SettingsReader::HKeyCurrentUser, subKey, name).toString();
-}
 
 QVariant bagNumber(const QVariant &v)
 {
@@ -66,31 +43,10 @@ NumberBox::NumberBox(QWidget *parent)
     : ControlFrame(parent),
       m_display(std::make_unique<NumberDisplay>(QLocale())),
       m_editor(std::make_unique<NumberEditor>(*m_display)),
-      m_text2(std::make_unique<TextWorkspace>())
+      m_text2(std::make_unique<TextWorkspace>()),
+      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { Step(up); }))
 {
     Variant::registerTypes();
-
-    // The filler behind Text1: what shows when a cleared check box hides the number.
-    m_text3 = new QLineEdit(this);
-    m_text3->setObjectName(QStringLiteral("Text3"));
-    m_text3->setFrame(false);
-    m_text3->setReadOnly(true);
-    m_text3->setFocusPolicy(Qt::NoFocus);
-    m_text3->setContextMenuPolicy(Qt::NoContextMenu);
-    m_text3->setAcceptDrops(false);
-    m_text3->lower();
-
-    m_upDown1 = new UpDownButton(this);
-    m_upDown1->setObjectName(QStringLiteral("UpDown1"));
-    m_upDown1->hide();
-    connect(m_upDown1, &UpDownButton::Change, this, [this] {
-        try {
-            upDownChanged();
-        } catch (...) {
-            // A host's Change handler must not unwind through the button.
-        }
-    });
-
     // The line edit's own menu would offer undo, cut and paste past the number editor.
     ContextMenuHook::InstallWindowHook(Text1());
     InitProperties();
@@ -100,7 +56,24 @@ NumberBox::NumberBox(QWidget *parent)
 NumberBox::~NumberBox()
 {
     ContextMenuHook::RemoveWindowHook(Text1());
-    disconnect(m_upDown1, nullptr, this, nullptr);
+}
+
+QLineEdit *NumberBox::text3()
+{
+    if (m_text3)
+        return m_text3;
+    // The filler behind Text1: what shows when a cleared check box hides the number.
+    m_text3 = new QLineEdit(this);
+    m_text3->setObjectName(QStringLiteral("Text3"));
+    m_text3->setFrame(false);
+    m_text3->setReadOnly(true);
+    m_text3->setFocusPolicy(Qt::NoFocus);
+    m_text3->setContextMenuPolicy(Qt::NoContextMenu);
+    m_text3->setAcceptDrops(false);
+    m_text3->lower();
+    paintTextBox(m_text3);
+    m_text3->show();
+    return m_text3;
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -146,17 +119,17 @@ void NumberBox::setValue(const QVariant &value)
 
     if (null) {
         if (CheckBox())
-            Check1()->setChecked(false);
-        enableUpDown();
+            setCheckValue(false);
+        updateValueControls();
     } else if (UserMode() && CheckBox()) {
-        Check1()->setChecked(true);
+        setCheckValue(true);
     }
     if (!inRange(number, true))
         return;
-    if (!CanPropertyChange(kValue))
+    if (!CanPropertyChange(BagKey::Value))
         return;
     m_value = convert(number);
-    markDirty(kValue);
+    markDirty(BagKey::Value);
     ShowValue();
 }
 
@@ -168,7 +141,7 @@ void NumberBox::setMinimum(const QVariant &minimum)
     if (!order || *order > 0)
         return;
     m_minimum = converted;
-    markDirty(kMinimum);
+    markDirty(BagKey::Minimum);
     const std::optional<int> below = NumberType::compare(convert(m_value), m_minimum, m_dataType);
     if (below && *below < 0)
         setValue(m_minimum);
@@ -182,7 +155,7 @@ void NumberBox::setMaximum(const QVariant &maximum)
     if (!order || *order < 0)
         return;
     m_maximum = converted;
-    markDirty(kMaximum);
+    markDirty(BagKey::Maximum);
     const std::optional<int> above = NumberType::compare(convert(m_value), m_maximum, m_dataType);
     if (above && *above > 0)
         setValue(m_maximum);
@@ -192,13 +165,13 @@ void NumberBox::setIncrement(const QVariant &increment)
 {
     validateNumber(increment);
     m_increment = convert(increment);
-    markDirty(kIncrement);
+    markDirty(BagKey::Increment);
 }
 
 void NumberBox::setDataType(int dataType)
 {
     m_dataType = dataType;
-    markDirty(kDataType);
+    markDirty(BagKey::DataType);
     m_minimum = NumberType::TypeLowerLimit(dataType);
     m_maximum = NumberType::TypeUpperLimit(dataType);
     m_increment = QVariant::fromValue<qint16>(1);
@@ -220,20 +193,14 @@ void NumberBox::setDecimalPlaces(qint16 places)
     if (places < 0 || places > MaxDecimalPlaces())
         return;
     m_display->setDecimalPlaces(places);
-    markDirty(kDecimalPlaces);
+    markDirty(BagKey::DecimalPlaces);
     ShowValue();
 }
 
 qint16 NumberBox::MaxDecimalPlaces() const
 {
-    // Only the setting the type depends on is read.
-    QString digits;
-    QString currencyDigits;
-    if (m_dataType == twSingle || m_dataType == twDouble)
-        digits = userSetting(kInternational, QStringLiteral("iDigits"));
-    else if (m_dataType == twCurrency || m_dataType == twDecimal)
-        currencyDigits = userSetting(kInternational, QStringLiteral("iCurrDigits"));
-    return NumberType::RegionalDecimalPlaces(m_dataType, digits, currencyDigits);
+    return NumberType::RegionalDecimalPlaces(m_dataType, UserSettings::numberDigits(),
+                                             UserSettings::currencyDigits());
 }
 
 void NumberBox::setMaxDecimalPlaces(qint16)
@@ -249,7 +216,7 @@ bool NumberBox::ThousandSeparator() const
 void NumberBox::setThousandSeparator(bool on)
 {
     m_display->setThousandSeparator(on);
-    markDirty(kThousandSeparator);
+    markDirty(BagKey::ThousandSeparator);
     ShowValue();
 }
 
@@ -261,7 +228,7 @@ QString NumberBox::CurrencySymbol() const
 void NumberBox::setCurrencySymbol(const QString &symbol)
 {
     m_display->setCurrencySymbol(symbol);
-    markDirty(kCurrencySymbol);
+    markDirty(BagKey::CurrencySymbol);
     ShowValue();
 }
 
@@ -276,7 +243,7 @@ void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
     if (p < twNoCurrency || p > twRight)
         throw Error(Error::InvalidPropertyValue);
     m_display->setShowCurrencySymbol(p);
-    markDirty(kShowCurrencySymbol);
+    markDirty(BagKey::ShowCurrencySymbol);
     ShowValue();
 }
 
@@ -284,41 +251,35 @@ void NumberBox::setUpDown(bool on)
 {
     m_upDown = on;
     relayout();
-    markDirty(kUpDown);
+    markDirty(BagKey::UpDown);
     setInterceptArrowKeys(on);
 }
 
 void NumberBox::setInterceptArrowKeys(bool on)
 {
     m_interceptArrowKeys = on;
-    markDirty(kInterceptArrowKeys);
+    markDirty(BagKey::InterceptArrowKeys);
 }
 
 void NumberBox::setNegativeColor(OleColor color)
 {
     m_negativeColor = color;
     applyTextColor();
-    markDirty(kNegativeColor);
+    markDirty(BagKey::NegativeColor);
 }
 
 void NumberBox::setNegativeDisabledColor(OleColor color)
 {
     m_negativeDisabledColor = color;
     applyTextColor();
-    markDirty(kNegativeDisabledColor);
+    markDirty(BagKey::NegativeDisabledColor);
 }
 
 void NumberBox::setUseNegativeColor(bool on)
 {
     m_useNegativeColor = on;
     applyTextColor();
-    markDirty(kUseNegativeColor);
-}
-
-void NumberBox::setToolTip(const QString &text)
-{
-    ControlFrame::setToolTip(text);
-    m_upDown1->setToolTip(text);
+    markDirty(BagKey::UseNegativeColor);
 }
 
 QString NumberBox::Text() const
@@ -335,25 +296,22 @@ void NumberBox::setSelText(const QString &text)
 {
     NumberEditState state = editState();
     state.locked = false; // Locked keeps the user out, not the host's code
-    apply(text.isEmpty() ? m_editor->insertText(state, QString()) : m_editor->paste(state, text));
+    const NumberEditResult result =
+        text.isEmpty() ? m_editor->insertText(state, QString()) : m_editor->paste(state, text);
+    // A text that leaves no number is refused; a selection replaced by the same characters is
+    // an edit that changes nothing.
+    if (!result.changed() && !(text == SelText() && (!text.isEmpty() || SelLength() == 0)))
+        throw Error(Error::InvalidPropertyValue);
+    apply(result);
 }
 
 // ---------------------------------------------------------------------------------------------
 // Showing the number
 
-void NumberBox::writeText1(const QString &text, int selStart, int selLength)
+void NumberBox::writeNumber(const QString &text, int selStart, int selLength)
 {
-    QLineEdit *text1 = Text1();
-    if (text1->text() != text) {
-        m_shownText = text;
-        text1->setText(text);
-    }
-    const int length = int(text.size());
-    const int start = qBound(0, selStart, length);
-    if (selLength > 0)
-        text1->setSelection(start, qMin(selLength, length - start));
-    else
-        text1->setCursorPosition(start);
+    m_shownText = text;
+    writeText(text, selStart, selLength);
 }
 
 void NumberBox::ShowValue()
@@ -361,7 +319,7 @@ void NumberBox::ShowValue()
     m_text2->setText(m_display->formatNumber(m_value, m_dataType));
     m_display->AddCurrencySymbol(*m_text2);
     // As the host's text box does when its text is set, the caret goes to the front.
-    writeText1(m_text2->Text(), 0, 0);
+    writeNumber(m_text2->Text(), 0, 0);
     refreshTextColor();
 }
 
@@ -370,7 +328,7 @@ void NumberBox::apply(const NumberEditResult &result)
     if (result.valueChanged)
         m_value = result.value;
     if (result.textChanged || result.caretChanged)
-        writeText1(result.text, result.selStart, result.selLength);
+        writeNumber(result.text, result.selStart, result.selLength);
     refreshTextColor();
 }
 
@@ -391,16 +349,20 @@ NumberEditState NumberBox::editState() const
 
 void NumberBox::onTextChanged()
 {
-    const QString now = Text1()->text();
-    if (now != m_shownText) {
-        normaliseForeignText(now);
+    if (shownText() != m_shownText) {
+        normaliseForeignText(shownText());
         return;
     }
-    markDirty(kValue);
+    markDirty(BagKey::Value);
     if (!Updating()) {
         refreshTextColor();
         emit Change();
     }
+}
+
+void NumberBox::onForeignText(const QString &text, const QString &)
+{
+    normaliseForeignText(text);
 }
 
 void NumberBox::normaliseForeignText(const QString &text)
@@ -412,13 +374,19 @@ void NumberBox::normaliseForeignText(const QString &text)
     if (value.isValid()) {
         m_value = value;
         const QString shown = m_editor->showValue(value, m_dataType);
-        writeText1(shown, int(shown.size()), 0);
+        if (shown == text) {
+            // Taken as it came: the change is the host's to hear of.
+            m_shownText = shown;
+            markDirty(BagKey::Value);
+            if (!Updating())
+                emit Change();
+        } else {
+            writeNumber(shown, int(shown.size()), 0); // Change through onTextChanged()
+        }
     } else {
         // Back to what was shown; nothing changed, so no Change either.
         UpdatingGuard updating(*this);
-        const QString shown = m_shownText;
-        m_shownText.clear(); // forces the rewrite
-        writeText1(shown, int(shown.size()), 0);
+        writeNumber(m_shownText, int(m_shownText.size()), 0);
     }
     refreshTextColor();
 }
@@ -426,22 +394,23 @@ void NumberBox::normaliseForeignText(const QString &text)
 // ---------------------------------------------------------------------------------------------
 // Colours and layout
 
-void NumberBox::applyTextColor()
+OleColor NumberBox::textColor() const
 {
-    const NumberDisplay::ColorRole role =
-        NumberDisplay::colorRole(Enabled(), m_useNegativeColor, m_value);
-    OleColor color = ForeColor();
-    switch (role) {
-    case NumberDisplay::NegativeColorRole: color = m_negativeColor; break;
-    case NumberDisplay::DisabledColorRole: color = DisabledColor(); break;
-    case NumberDisplay::NegativeDisabledColorRole: color = m_negativeDisabledColor; break;
+    switch (NumberDisplay::colorRole(Enabled(), m_useNegativeColor, m_value)) {
+    case NumberDisplay::NegativeColorRole: return m_negativeColor;
+    case NumberDisplay::DisabledColorRole: return DisabledColor();
+    case NumberDisplay::NegativeDisabledColorRole: return m_negativeDisabledColor;
     case NumberDisplay::ForeColorRole: break;
     }
-    const QColor text = resolveColor(color);
-    const QColor base = resolveColor(BackColor());
-    paintWidget(Text1(), text, base);
-    paintWidget(m_text3, text, base);
-    m_appliedColorRole = role;
+    return ForeColor();
+}
+
+void NumberBox::applyTextColor()
+{
+    ControlFrame::applyTextColor();
+    if (m_text3)
+        paintTextBox(m_text3);
+    m_appliedColorRole = NumberDisplay::colorRole(Enabled(), m_useNegativeColor, m_value);
 }
 
 void NumberBox::refreshTextColor()
@@ -451,45 +420,33 @@ void NumberBox::refreshTextColor()
         applyTextColor();
 }
 
-int NumberBox::upDownWidthTwips()
+int NumberBox::reservedWidth() const
 {
-    bool ok = false;
-    const qlonglong width = userSetting(kWindowMetrics, QStringLiteral("ScrollWidth")).toLongLong(&ok);
-    return ok ? int(qMin<qlonglong>(std::llabs(width), 1000000)) : 0;
+    return m_upDown ? UserSettings::scrollWidthTwips() : 0;
 }
 
 void NumberBox::relayout()
 {
     ControlFrame::relayout();
-    if (!m_text3 || !m_upDown1)
-        return;
-    const int upDownWidth = upDownWidthTwips();
-    const twBorderStyleConstants style = BorderStyle();
-    const int allowance = borderAllowanceX(style);
+    if (!m_stepper)
+        return; // still constructing
+    const int upDownWidth = UserSettings::scrollWidthTwips();
     const int innerWidth = innerWidthTwips();
     const int innerHeight = innerHeightTwips();
-    const int left = CheckBox() ? 255 : 15;
-    placeTwips(Text1(), left, 15,
-               innerWidth - left - (m_upDown ? upDownWidth + allowance : allowance),
-               innerHeight - borderAllowanceY(style));
-    const int fillerWidth = style == twNone ? innerWidth - upDownWidth + 30
-                                            : innerWidth - (m_upDown ? upDownWidth : 0);
-    placeTwips(m_text3, 0, 0, fillerWidth, innerHeight);
-    m_upDown1->setVisible(m_upDown);
-    if (m_upDown)
-        placeTwips(m_upDown1, innerWidth - upDownWidth, 0, upDownWidth, innerHeight);
-    enableUpDown();
+    if (CheckBox() || m_text3) {
+        const int fillerWidth = BorderStyle() == twNone ? innerWidth - upDownWidth + 30
+                                                        : innerWidth - (m_upDown ? upDownWidth : 0);
+        placeTwips(text3(), 0, 0, fillerWidth, innerHeight);
+    }
+    m_stepper->setShown(m_upDown);
+    m_stepper->place(innerWidth - upDownWidth, 0, upDownWidth, innerHeight);
+    m_stepper->updateEnabled();
 }
 
-void NumberBox::enableUpDown()
+void NumberBox::updateValueControls()
 {
-    // A disabled control disables its children anyway; the box's own rule is the check box.
-    m_upDown1->setEnabled(!CheckBox() || Checked());
-}
-
-void NumberBox::afterCheckClick()
-{
-    enableUpDown();
+    if (m_stepper)
+        m_stepper->updateEnabled();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -517,7 +474,7 @@ void NumberBox::handleKeyDown(short &keyCode, short &shift)
     case Keyboard::VkUp:
     case Keyboard::VkDown:
         if (m_interceptArrowKeys && !Locked()) {
-            Step(keyCode == Keyboard::VkUp);
+            m_stepper->stepBy(keyCode == Keyboard::VkUp);
             keyCode = 0;
             shift = 0;
         }
@@ -554,19 +511,6 @@ void NumberBox::Step(bool up)
         apply(result);
 }
 
-void NumberBox::upDownChanged()
-{
-    if (Locked() || m_stepping)
-        return;
-    if (!HasFocus()) {
-        Text1()->setFocus(Qt::OtherFocusReason);
-        Text1()->setCursorPosition(SelStart());
-    }
-    QScopedValueRollback<bool> stepping(m_stepping, true);
-    Step(m_upDown1->Value() != 0);
-    m_upDown1->setValue(0);
-}
-
 void NumberBox::onExitFocus()
 {
     // A cleared check box means "no number"; there is nothing to bring into range.
@@ -586,6 +530,10 @@ void NumberBox::onExitFocus()
 
 bool NumberBox::filterDrop(QEvent *event)
 {
+    // Automatic drops go through the number editor like a paste; the other modes are the
+    // frame's.
+    if (OLEDropMode() != OLEDropAutomatic || event->type() == QEvent::DragLeave)
+        return false;
     auto *drop = static_cast<QDropEvent *>(event);
     const QMimeData *data = drop->mimeData();
     NumberEditState state = editState();
@@ -605,40 +553,12 @@ bool NumberBox::filterDrop(QEvent *event)
     return true;
 }
 
-bool NumberBox::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == Text1()) {
-        try {
-            switch (event->type()) {
-            case QEvent::InputMethod: {
-                // Composed text arrives whole and goes through the editor like a paste.
-                const QString commit = static_cast<QInputMethodEvent *>(event)->commitString();
-                if (!commit.isEmpty())
-                    paste(commit);
-                return true;
-            }
-            case QEvent::DragEnter:
-            case QEvent::DragMove:
-            case QEvent::Drop:
-                if (OLEDropMode() == OLEDropAutomatic)
-                    return filterDrop(event);
-                break;
-            default:
-                break;
-            }
-        } catch (...) {
-            return true;
-        }
-    }
-    return ControlFrame::eventFilter(watched, event);
-}
-
 // ---------------------------------------------------------------------------------------------
 // Persistence
 
 void NumberBox::InitProperties()
 {
-    initCommon();
+    CommonProperties::initialise(*this);
     m_display->setThousandSeparator(true);
     m_dataType = twCurrency;
     m_minimum = NumberType::TypeLowerLimit(m_dataType);
@@ -654,95 +574,112 @@ void NumberBox::InitProperties()
     m_upDown = false;
     m_interceptArrowKeys = false;
     ShowValue();
-    applyBorder();
+    relayout();
     applyTextColor();
 }
 
 void NumberBox::ReadProperties(PropertyBag &bag)
 {
-    PropertyBag before;
-    WriteProperties(before);
-    try {
-        readAll(bag);
-    } catch (...) {
-        // A bad value in the bag leaves the control as it was.
-        UpdatingGuard updating(*this);
-        readAll(before);
-        throw;
-    }
-}
+    using K = CommonKey;
+    const QLocale locale = m_display->locale();
+    int dataType = twCurrency;
+    // A number of the loaded type within the type's limits; a type outside the constants holds
+    // nothing, so anything numeric loads into it as Empty.
+    const auto number = [&dataType, &locale](const QVariant &v) {
+        const QVariant n = bagNumber(v);
+        if (NumberType::TypeUpperLimit(dataType).isValid()
+            && !NumberType::IsInRange(n, false, dataType, QVariant(), QVariant(), locale))
+            throw Error(Error::InvalidPropertyValue);
+        return NumberType::ConvertToType(n, dataType, locale);
+    };
+    // An absent bound is the type's limit exactly as the DataType set leaves it (the Single and
+    // Double figures stay the doubles they are published as); a stored one is taken in the type.
+    const auto bound = [&bag, &dataType, &number](const QString &key, bool upper) {
+        return [&bag, &dataType, &number, key, upper](const QVariant &v) {
+            if (!bag.contains(key))
+                return upper ? NumberType::TypeUpperLimit(dataType) : NumberType::TypeLowerLimit(dataType);
+            return number(v);
+        };
+    };
+    const auto boolean = [](const QVariant &v) { return QVariant(BagValue::toBool(v)); };
+    const auto color = [](const QVariant &v) { return QVariant::fromValue(BagValue::toColor(v)); };
 
-// An absent bound is the type's limit exactly as the DataType set leaves it (the Single and
-// Double figures stay the doubles they are published as); a stored one is taken in the type.
-QVariant NumberBox::bagBound(const PropertyBag &bag, const QString &key, const QVariant &limit) const
-{
-    const QVariant v = bag.ReadProperty(key, limit);
-    return bag.contains(key) ? convert(bagNumber(v)) : limit;
-}
-
-void NumberBox::readAll(const PropertyBag &bag)
-{
-    m_dataType = int(bagInt(bag.ReadProperty(kDataType, qint32(twCurrency)), INT32_MIN, INT32_MAX));
-    m_minimum = bagBound(bag, kMinimum, NumberType::TypeLowerLimit(m_dataType));
-    m_maximum = bagBound(bag, kMaximum, NumberType::TypeUpperLimit(m_dataType));
-    m_value = convert(bagNumber(bag.ReadProperty(kValue, QVariant::fromValue<qint16>(0))));
-    readCommon(bag, {QStringLiteral("BackColor"), QStringLiteral("Enabled"), QStringLiteral("Font")});
-    m_display->setThousandSeparator(bagBool(bag.ReadProperty(kThousandSeparator, true)));
-    readCommon(bag, {QStringLiteral("Locked"), QStringLiteral("MouseIcon")});
-    m_display->setDecimalPlaces(qint16(bagInt(bag.ReadProperty(kDecimalPlaces, qint16(0)), 0,
-                                              MaxStoredDecimalPlaces)));
-    m_upDown = bagBool(bag.ReadProperty(kUpDown, false));
-    m_increment = convert(bagNumber(bag.ReadProperty(kIncrement, QVariant::fromValue<qint16>(1))));
-    m_interceptArrowKeys = bagBool(bag.ReadProperty(kInterceptArrowKeys, false));
-    readCommon(bag, {QStringLiteral("BorderStyle"), QStringLiteral("ForeColor"),
-                     QStringLiteral("DisabledColor")});
-    m_negativeColor = bagColor(bag.ReadProperty(kNegativeColor, qint32(DefaultNegativeColor)));
-    m_useNegativeColor = bagBool(bag.ReadProperty(kUseNegativeColor, true));
-    m_negativeDisabledColor =
-        bagColor(bag.ReadProperty(kNegativeDisabledColor, qint32(DefaultNegativeDisabledColor)));
-    readCommon(bag, {QStringLiteral("Alignment"), QStringLiteral("OLEDragMode"),
-                     QStringLiteral("OLEDropMode"), QStringLiteral("MouseIcon"),
-                     QStringLiteral("MousePointer"), QStringLiteral("SelectTextOnFocus")});
-    m_display->setCurrencySymbol(bag.ReadProperty(kCurrencySymbol, QStringLiteral("$")).toString());
-    m_display->setShowCurrencySymbol(
-        int(bagInt(bag.ReadProperty(kShowCurrencySymbol, qint32(twNoCurrency)), twNoCurrency, twRight)));
-    ShowValue();
-    readCommon(bag, QStringLiteral("ToolTip"));
-    m_upDown1->setToolTip(ControlFrame::ToolTip());
-    readCommon(bag, {QStringLiteral("Checked"), QStringLiteral("CheckBox"),
-                     QStringLiteral("NullIfEmpty")});
-    enableUpDown();
-    readCommon(bag, QStringLiteral("EnterAsTab"));
-    relayout();
-    applyTextColor();
+    BagPlan plan(*this);
+    plan.key(BagKey::DataType, qint32(twCurrency),
+             [&dataType](const QVariant &v) {
+                 dataType = int(BagValue::toInt(v, INT32_MIN, INT32_MAX));
+                 return dataType;
+             },
+             [this](const QVariant &v) { m_dataType = v.toInt(); })
+        .key(BagKey::Minimum, QVariant(), bound(BagKey::Minimum, false),
+             [this](const QVariant &v) { m_minimum = v; })
+        .key(BagKey::Maximum, QVariant(), bound(BagKey::Maximum, true),
+             [this](const QVariant &v) { m_maximum = v; })
+        .key(BagKey::Value, QVariant::fromValue<qint16>(0), number,
+             [this](const QVariant &v) { m_value = v; })
+        .common({K::BackColor, K::Enabled, K::Font})
+        .key(BagKey::ThousandSeparator, true, boolean,
+             [this](const QVariant &v) { m_display->setThousandSeparator(v.toBool()); })
+        .common({K::Locked, K::MouseIcon})
+        .key(BagKey::DecimalPlaces, qint16(0),
+             [](const QVariant &v) { return int(BagValue::toInt(v, 0, MaxStoredDecimalPlaces)); },
+             [this](const QVariant &v) { m_display->setDecimalPlaces(qint16(v.toInt())); })
+        .key(BagKey::UpDown, false, boolean, [this](const QVariant &v) { m_upDown = v.toBool(); })
+        .key(BagKey::Increment, QVariant::fromValue<qint16>(1), number,
+             [this](const QVariant &v) { m_increment = v; })
+        .key(BagKey::InterceptArrowKeys, false, boolean,
+             [this](const QVariant &v) { m_interceptArrowKeys = v.toBool(); })
+        .common({K::BorderStyle, K::ForeColor, K::DisabledColor})
+        .key(BagKey::NegativeColor, qint32(DefaultNegativeColor), color,
+             [this](const QVariant &v) { m_negativeColor = qvariant_cast<OleColor>(v); })
+        .key(BagKey::UseNegativeColor, true, boolean,
+             [this](const QVariant &v) { m_useNegativeColor = v.toBool(); })
+        .key(BagKey::NegativeDisabledColor, qint32(DefaultNegativeDisabledColor), color,
+             [this](const QVariant &v) { m_negativeDisabledColor = qvariant_cast<OleColor>(v); })
+        .common({K::Alignment, K::OLEDragMode, K::OLEDropMode, K::MouseIcon, K::MousePointer,
+                 K::SelectTextOnFocus})
+        .key(BagKey::CurrencySymbol, QStringLiteral("$"),
+             [](const QVariant &v) { return BagValue::toString(v); },
+             [this](const QVariant &v) { m_display->setCurrencySymbol(v.toString()); })
+        .key(BagKey::ShowCurrencySymbol, qint32(twNoCurrency),
+             [](const QVariant &v) { return int(BagValue::toInt(v, twNoCurrency, twRight)); },
+             [this](const QVariant &v) { m_display->setShowCurrencySymbol(v.toInt()); })
+        .step([this] { ShowValue(); })
+        .common({K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty})
+        .step([this] { updateValueControls(); })
+        .common({K::EnterAsTab})
+        .step([this] {
+            relayout();
+            applyTextColor();
+        });
+    plan.read(bag);
 }
 
 void NumberBox::WriteProperties(PropertyBag &bag) const
 {
-    bag.WriteProperty(kDataType, qint32(m_dataType), qint32(twCurrency));
-    bag.WriteProperty(kMinimum, m_minimum, NumberType::TypeLowerLimit(m_dataType));
-    bag.WriteProperty(kMaximum, m_maximum, NumberType::TypeUpperLimit(m_dataType));
-    bag.WriteProperty(kValue, m_value, QVariant::fromValue<qint16>(0));
-    writeCommon(bag, {QStringLiteral("BackColor"), QStringLiteral("Enabled"), QStringLiteral("Font")});
-    bag.WriteProperty(kThousandSeparator, ThousandSeparator(), true);
-    writeCommon(bag, {QStringLiteral("Locked"), QStringLiteral("MouseIcon")});
-    bag.WriteProperty(kDecimalPlaces, DecimalPlaces(), qint16(0));
-    bag.WriteProperty(kUpDown, m_upDown, false);
-    bag.WriteProperty(kIncrement, m_increment, QVariant::fromValue<qint16>(1));
-    bag.WriteProperty(kInterceptArrowKeys, m_interceptArrowKeys, false);
-    writeCommon(bag, {QStringLiteral("BorderStyle"), QStringLiteral("ForeColor"),
-                      QStringLiteral("DisabledColor")});
-    bag.WriteProperty(kNegativeColor, qint32(m_negativeColor.value()), qint32(DefaultNegativeColor));
-    bag.WriteProperty(kUseNegativeColor, m_useNegativeColor, true);
-    bag.WriteProperty(kNegativeDisabledColor, qint32(m_negativeDisabledColor.value()),
+    using K = CommonKey;
+    bag.WriteProperty(BagKey::DataType, qint32(m_dataType), qint32(twCurrency));
+    bag.WriteProperty(BagKey::Minimum, m_minimum, NumberType::TypeLowerLimit(m_dataType));
+    bag.WriteProperty(BagKey::Maximum, m_maximum, NumberType::TypeUpperLimit(m_dataType));
+    bag.WriteProperty(BagKey::Value, m_value, QVariant::fromValue<qint16>(0));
+    CommonProperties::write(*this, bag, {K::BackColor, K::Enabled, K::Font});
+    bag.WriteProperty(BagKey::ThousandSeparator, ThousandSeparator(), true);
+    CommonProperties::write(*this, bag, {K::Locked, K::MouseIcon});
+    bag.WriteProperty(BagKey::DecimalPlaces, DecimalPlaces(), qint16(0));
+    bag.WriteProperty(BagKey::UpDown, m_upDown, false);
+    bag.WriteProperty(BagKey::Increment, m_increment, QVariant::fromValue<qint16>(1));
+    bag.WriteProperty(BagKey::InterceptArrowKeys, m_interceptArrowKeys, false);
+    CommonProperties::write(*this, bag, {K::BorderStyle, K::ForeColor, K::DisabledColor});
+    bag.WriteProperty(BagKey::NegativeColor, qint32(m_negativeColor.value()), qint32(DefaultNegativeColor));
+    bag.WriteProperty(BagKey::UseNegativeColor, m_useNegativeColor, true);
+    bag.WriteProperty(BagKey::NegativeDisabledColor, qint32(m_negativeDisabledColor.value()),
                       qint32(DefaultNegativeDisabledColor));
-    writeCommon(bag, {QStringLiteral("Alignment"), QStringLiteral("OLEDragMode"),
-                      QStringLiteral("OLEDropMode"), QStringLiteral("MouseIcon"),
-                      QStringLiteral("MousePointer"), QStringLiteral("SelectTextOnFocus")});
-    bag.WriteProperty(kCurrencySymbol, CurrencySymbol(), QStringLiteral("$"));
-    bag.WriteProperty(kShowCurrencySymbol, qint32(ShowCurrencySymbol()), qint32(twNoCurrency));
-    writeCommon(bag, {QStringLiteral("ToolTip"), QStringLiteral("Checked"), QStringLiteral("CheckBox"),
-                      QStringLiteral("NullIfEmpty"), QStringLiteral("EnterAsTab")});
+    CommonProperties::write(*this, bag, {K::Alignment, K::OLEDragMode, K::OLEDropMode, K::MouseIcon,
+                                         K::MousePointer, K::SelectTextOnFocus});
+    bag.WriteProperty(BagKey::CurrencySymbol, CurrencySymbol(), QStringLiteral("$"));
+    bag.WriteProperty(BagKey::ShowCurrencySymbol, qint32(ShowCurrencySymbol()), qint32(twNoCurrency));
+    CommonProperties::write(*this, bag, {K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty,
+                                         K::EnterAsTab});
 }
 
 } // namespace Tarnwell

@@ -17,8 +17,6 @@ constexpr double SingleLimit = 3.402823E+38;
 constexpr double DoubleLimit = 1.79769313486231E+308;
 constexpr std::int64_t CurrencyLimit = 922337203685477;
 
-constexpr double FloatMax = double(std::numeric_limits<float>::max());
-
 int compareDoubles(double l, double r)
 {
     return l < r ? -1 : (r < l ? 1 : 0);
@@ -205,15 +203,11 @@ std::optional<int> NumberType::compare(const QVariant &a, const QVariant &b, int
             const Decimal l = Variant::toDecimal(a), r = Variant::toDecimal(b);
             return l < r ? -1 : (r < l ? 1 : 0);
         }
-        double l = Variant::toDouble(a), r = Variant::toDouble(b);
+        // Each side as it is held: a Single promotes exactly to double, so a value stored as
+        // the float nearest 3.402823E+38 lies above that limit held as a double.
+        const double l = Variant::toDouble(a), r = Variant::toDouble(b);
         if (std::isnan(l) || std::isnan(r))
             return std::nullopt;
-        // A Single is compared as the float it is stored as; otherwise the published limit
-        // 3.402823E+38 would itself be out of range once stored as a float.
-        if (dataType == twSingle && std::fabs(l) <= FloatMax && std::fabs(r) <= FloatMax) {
-            l = double(float(l));
-            r = double(float(r));
-        }
         return compareDoubles(l, r);
     } catch (const std::exception &) {
     }

@@ -48,10 +48,10 @@ public:
                                         const QString &iCurrDigits);
 
     // -1, 0 or 1 comparing a and b in the type's arithmetic: exactly for Currency and Decimal,
-    // through double for the integer types and Double. Single compares both sides rounded to
-    // float (as a Single stores them) while they fit one, so a value typed as the published
-    // limit 3.402823E+38 is in range while the float maximum 3.4028235E+38 is not. nullopt when
-    // either side is not a number of that domain.
+    // through double for the integer, Single and Double types, each side as it is held. A
+    // Single holding the float nearest 3.402823E+38 is therefore above that published limit
+    // (held as a double), as the host's own comparison finds. nullopt when either side is not
+    // a number of that domain.
     static std::optional<int> compare(const QVariant &a, const QVariant &b, int dataType);
 
     // a + b, a - b and -a in the type: both operands converted to the type first, Currency and

@@ -1,6 +1,8 @@
 #include "shared/filesettingsstore.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
@@ -91,6 +93,52 @@ const QString windowMetricsPath = QStringLiteral("Control Panel\\Desktop\\Window
 FileSettingsStore::FileSettingsStore(const QString &fileName)
     : m_fileName(fileName.isEmpty() ? defaultFileName() : fileName)
 {
+}
+
+FileSettingsStore::~FileSettingsStore()
+{
+    delete m_watcher;
+}
+
+quint64 FileSettingsStore::generation() const
+{
+    watch();
+    return SettingsStore::generation();
+}
+
+// Watches the file, or while it does not exist the nearest folder above it that does, so that
+// creating, editing or replacing it moves the generation. Without an application object nothing
+// is watched.
+void FileSettingsStore::watch() const
+{
+    if (m_watcher || !QCoreApplication::instance())
+        return;
+    m_watcher = new QFileSystemWatcher(QCoreApplication::instance());
+    auto *self = const_cast<FileSettingsStore *>(this);
+    const auto rearm = [self] {
+        self->touch();
+        QFileSystemWatcher *w = self->m_watcher;
+        if (!w->files().isEmpty())
+            w->removePaths(w->files());
+        if (!w->directories().isEmpty())
+            w->removePaths(w->directories());
+        QFileInfo target(self->m_fileName);
+        if (target.exists()) {
+            w->addPath(target.absoluteFilePath());
+            return;
+        }
+        for (QDir dir = target.absoluteDir();; ) {
+            if (dir.exists()) {
+                w->addPath(dir.absolutePath());
+                return;
+            }
+            if (!dir.cdUp())
+                return;
+        }
+    };
+    QObject::connect(m_watcher, &QFileSystemWatcher::fileChanged, m_watcher, rearm);
+    QObject::connect(m_watcher, &QFileSystemWatcher::directoryChanged, m_watcher, rearm);
+    rearm();
 }
 
 QString FileSettingsStore::defaultFileName()
@@ -196,6 +244,7 @@ void FileSettingsStore::setValue(Handle root, const QString &subKey, const QStri
     settings.setValue(valueName, encode(type, data));
     settings.endGroup();
     settings.sync();
+    touch();
 }
 
 } // namespace Tarnwell

@@ -1,6 +1,8 @@
 #pragma once
 #include "shared/settingsstore.h"
 
+#include <QFileSystemWatcher>
+#include <QPointer>
 #include <QString>
 
 namespace Tarnwell {
@@ -13,11 +15,17 @@ namespace Tarnwell {
 //
 // The window metrics always exist: without a ScrollWidth in the file the store reports the
 // style's scroll-bar extent in negative twips as REG_SZ text, as the registry holds it.
+//
+// Readers keep what they read until generation() moves: the file (or, while it does not exist,
+// the nearest folder above it) is watched for changes once an application object exists.
 class FileSettingsStore : public SettingsStore
 {
 public:
     // `fileName` empty: "tarnwell/settings.ini" in the user's generic config location.
     explicit FileSettingsStore(const QString &fileName = QString());
+    ~FileSettingsStore() override;
+
+    quint64 generation() const override;
 
     QString fileName() const { return m_fileName; }
     static QString defaultFileName();
@@ -39,7 +47,10 @@ private:
     // The group as spelled in the file (case-insensitive match), empty when missing.
     QString findGroup(Handle root, const QString &path) const;
 
+    void watch() const;
+
     QString m_fileName;
+    mutable QPointer<QFileSystemWatcher> m_watcher;
 };
 
 } // namespace Tarnwell

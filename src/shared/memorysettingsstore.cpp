@@ -17,6 +17,7 @@ QString MemorySettingsStore::valueId(Handle root, const QString &path, const QSt
 
 void MemorySettingsStore::addKey(Handle root, const QString &subKey)
 {
+    touch();
     QString path;
     for (const QString &part : normalizedPath(subKey).split(QLatin1Char('\\'), Qt::SkipEmptyParts)) {
         path = path.isEmpty() ? part : path + QLatin1Char('\\') + part;
@@ -27,6 +28,7 @@ void MemorySettingsStore::addKey(Handle root, const QString &subKey)
 void MemorySettingsStore::setValue(Handle root, const QString &subKey, const QString &valueName,
                                    int type, const QByteArray &data)
 {
+    touch();
     addKey(root, subKey);
     m_values.insert(valueId(root, subKey, valueName), Value{type, data});
 }
@@ -42,17 +44,20 @@ void MemorySettingsStore::setString(Handle root, const QString &subKey, const QS
 void MemorySettingsStore::removeValue(Handle root, const QString &subKey,
                                       const QString &valueName)
 {
+    touch();
     m_values.remove(valueId(root, subKey, valueName));
 }
 
 void MemorySettingsStore::setFailingRead(Handle root, const QString &subKey,
                                          const QString &valueName)
 {
+    touch();
     m_failingReads.insert(valueId(root, subKey, valueName));
 }
 
 void MemorySettingsStore::clear()
 {
+    touch();
     m_keys.clear();
     m_values.clear();
     m_failingReads.clear();

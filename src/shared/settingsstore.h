@@ -48,8 +48,14 @@ public:
     // The bytes of a value, read a second time; nothing when the read fails.
     std::optional<QByteArray> readData(Handle key, const QString &valueName) const;
     int openKeyCount() const { return int(m_open.size()); }
+    // A number that moves whenever a value of the store may have changed, so that readers can
+    // keep what they read until then.
+    virtual quint64 generation() const { return m_generation; }
 
 protected:
+    // Called by a store whose values changed.
+    void touch() { ++m_generation; }
+
     virtual bool keyExists(Handle root, const QString &path) const = 0;
     virtual std::optional<Value> value(Handle root, const QString &path,
                                        const QString &valueName) const = 0;
@@ -66,6 +72,7 @@ private:
 
     QHash<Handle, OpenKey> m_open;
     Handle m_next = 1;
+    quint64 m_generation = 0;
 };
 
 } // namespace Tarnwell

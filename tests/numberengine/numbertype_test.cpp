@@ -90,7 +90,11 @@ TEST(NumberTypeTest, IsInRange)
         {"byte -1", QVariant(-1), twByte, false, {}, {}, false},
         {"integer -32768", QVariant(-32768), twInteger, false, {}, {}, true},
         {"long just over", QVariant(2147483648.0), twLong, false, {}, {}, false},
-        {"single limit", QVariant(3.402823E+38), twSingle, false, {}, {}, true},
+        // As a float the published limit rounds up past itself (held as a double).
+        {"single limit", QVariant(3.402823E+38), twSingle, false, {}, {}, false},
+        {"single under limit", QVariant(3.40282E+38), twSingle, false, {}, {}, true},
+        {"single limit within its own maximum", QVariant(3.402823E+38), twSingle, true,
+         QVariant(0), QVariant(3.402823E+38), true},
         {"single float max beyond limit", QVariant(3.4028234E+38), twSingle, false, {}, {}, false},
         {"double limit", QVariant(-1.79769313486231E+308), twDouble, false, {}, {}, true},
         {"double max beyond limit", QVariant(1.7976931348623157E+308), twDouble, false, {}, {}, false},

@@ -1,0 +1,63 @@
+#pragma once
+#include <tarnwell/constants.h>
+
+#include <QString>
+
+class QWidget;
+
+namespace Tarnwell {
+
+// The inner widgets that carry a control's text, seen from the frame. The frame stores the common
+// values it owns and asks its editor to apply them; the values that live in the inner widgets
+// (alignment, locked state, selection, check box) are read back from them.
+class FrameEditor
+{
+public:
+    // The common values the frame stores and the editor applies.
+    enum class Applied {
+        Colors,    // BackColor, the text colour (the frame's textColor()), Enabled
+        Cursor,    // MousePointer, MouseIcon
+        DragMode,  // OLEDragMode
+        DropMode,  // OLEDropMode
+        EnterAsTab,
+        ToolTip,
+        CheckBox,  // shown or hidden (the layout follows)
+        UserMode,
+    };
+
+    FrameEditor() = default;
+    virtual ~FrameEditor() = default;
+    FrameEditor(const FrameEditor &) = delete;
+    FrameEditor &operator=(const FrameEditor &) = delete;
+
+    // The widget that takes the keyboard focus for the control.
+    virtual QWidget *focusTarget() const = 0;
+    virtual void apply(Applied what) = 0;
+
+    virtual twAlignmentConstants alignment() const = 0;
+    virtual void setAlignment(twAlignmentConstants alignment) = 0;
+    virtual bool locked() const = 0;
+    virtual void setLocked(bool locked) = 0;
+    virtual bool checked() const = 0;
+    // Ticks or clears the check box; its click logic runs when the value changes.
+    virtual void setChecked(bool checked) = 0;
+    virtual bool checkHasFocus() const = 0;
+
+    virtual QString text() const = 0;
+    virtual int selStart() const = 0;
+    virtual void setSelStart(int start) = 0; // within the text
+    virtual int selLength() const = 0;
+    virtual void setSelLength(int length) = 0; // clipped to the text
+    virtual QString selText() const = 0;
+    virtual void selectAll() = 0;
+
+    // Places the inner widgets in the frame's inner area, less `reservedWidth` twips at the
+    // right for the control's own buttons.
+    virtual void layout(int reservedWidth) = 0;
+    // The height the inner widgets want, in pixels (for the size hint).
+    virtual int preferredHeight() const = 0;
+    virtual void refresh() = 0;
+    virtual void startDrag() = 0;
+};
+
+} // namespace Tarnwell

@@ -1,0 +1,234 @@
+#include "shared/innermaskeditor.h"
+
+#include <tarnwell/controlframe.h>
+#include <tarnwell/dataobject.h>
+#include <tarnwell/maskbox.h>
+
+#include <QPointer>
+
+namespace Tarnwell {
+
+InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
+    : m_frame(frame), m_box(new MaskBox(&frame))
+{
+    m_box->setObjectName(name);
+    // The outer frame draws the border and decides whether entering selects.
+    m_box->setBorderStyle(twNone);
+    m_box->setSelectTextOnFocus(false);
+    m_box->setUserMode(frame.UserMode());
+    m_box->clearDirty();
+    relayEvents();
+}
+
+InnerMaskEditor::~InnerMaskEditor()
+{
+    // The box dies after the outer frame's destructor; its last signals must not reach it.
+    disconnect(m_box, nullptr, this, nullptr);
+}
+
+namespace {
+
+// A slot that raises the same event on the outer control with the very same arguments.
+template<typename... Args>
+auto relayTo(ControlFrame *outer, void (ControlFrame::*signal)(Args...))
+{
+    return [outer, signal](Args... args) {
+        try {
+            (outer->*signal)(args...);
+        } catch (...) {
+            // Nothing unwinds through the inner box into the event loop.
+        }
+    };
+}
+
+} // namespace
+
+// Every event of the inner box is the outer control's, raised once with the same arguments, so a
+// host's change to a key reaches the inner box's own handling; the outer control's key hooks run
+// on what the host left.
+void InnerMaskEditor::relayEvents()
+{
+    ControlFrame *outer = &m_frame;
+    connect(m_box, &ControlFrame::Click, this, relayTo(outer, &ControlFrame::Click));
+    connect(m_box, &ControlFrame::DblClick, this, relayTo(outer, &ControlFrame::DblClick));
+    connect(m_box, &ControlFrame::MouseDown, this, relayTo(outer, &ControlFrame::MouseDown));
+    connect(m_box, &ControlFrame::MouseMove, this, relayTo(outer, &ControlFrame::MouseMove));
+    connect(m_box, &ControlFrame::MouseUp, this, relayTo(outer, &ControlFrame::MouseUp));
+    connect(m_box, &ControlFrame::OLECompleteDrag, this, relayTo(outer, &ControlFrame::OLECompleteDrag));
+    connect(m_box, &ControlFrame::OLEDragDrop, this, relayTo(outer, &ControlFrame::OLEDragDrop));
+    connect(m_box, &ControlFrame::OLEDragOver, this, relayTo(outer, &ControlFrame::OLEDragOver));
+    connect(m_box, &ControlFrame::OLEGiveFeedback, this, relayTo(outer, &ControlFrame::OLEGiveFeedback));
+    connect(m_box, &ControlFrame::OLESetData, this, relayTo(outer, &ControlFrame::OLESetData));
+    connect(m_box, &ControlFrame::OLEStartDrag, this, relayTo(outer, &ControlFrame::OLEStartDrag));
+    connect(m_box, &ControlFrame::KeyDown, this, [outer](short &keyCode, short &shift) {
+        QPointer<ControlFrame> self(outer);
+        try {
+            emit outer->KeyDown(keyCode, shift);
+            if (self && keyCode != 0)
+                outer->handleKeyDown(keyCode, shift);
+        } catch (...) {
+            keyCode = 0; // a key that failed half-way is dropped
+        }
+    });
+    connect(m_box, &ControlFrame::keyPress, this, [outer](short &keyAscii) {
+        QPointer<ControlFrame> self(outer);
+        try {
+            emit outer->keyPress(keyAscii);
+            if (self && keyAscii != 0)
+                outer->handleKeyPress(keyAscii);
+        } catch (...) {
+            keyAscii = 0;
+        }
+    });
+    connect(m_box, &ControlFrame::KeyUp, this, [outer](short &keyCode, short &shift) {
+        QPointer<ControlFrame> self(outer);
+        try {
+            emit outer->KeyUp(keyCode, shift);
+            if (self && keyCode != 0)
+                outer->handleKeyUp(keyCode, shift);
+        } catch (...) {
+            keyCode = 0;
+        }
+    });
+    connect(m_box, &ControlFrame::Change, this, [outer] {
+        try {
+            outer->onTextChanged();
+        } catch (...) {
+        }
+    });
+}
+
+QWidget *InnerMaskEditor::focusTarget() const
+{
+    return m_box;
+}
+
+void InnerMaskEditor::apply(Applied what)
+{
+    switch (what) {
+    case Applied::Colors:
+        m_box->setBackColor(m_frame.BackColor());
+        m_box->setForeColor(m_frame.ForeColor());
+        m_box->setDisabledColor(m_frame.DisabledColor());
+        // Disabled by the outer frame as by its own setting, so that it shows DisabledColor.
+        m_box->setEnabled(m_frame.Enabled());
+        break;
+    case Applied::Cursor:
+        m_box->setMouseIcon(m_frame.MouseIcon());
+        m_box->setMousePointer(m_frame.MousePointer());
+        break;
+    case Applied::DragMode:
+        m_box->setOLEDragMode(m_frame.OLEDragMode());
+        break;
+    case Applied::DropMode:
+        m_box->setOLEDropMode(m_frame.OLEDropMode());
+        break;
+    case Applied::EnterAsTab:
+        m_box->setEnterAsTab(m_frame.EnterAsTab());
+        break;
+    case Applied::ToolTip:
+        m_box->setToolTip(m_frame.ToolTip());
+        break;
+    case Applied::CheckBox:
+        m_box->setCheckBox(m_frame.CheckBox());
+        break;
+    case Applied::UserMode:
+        m_box->setUserMode(m_frame.UserMode());
+        break;
+    }
+}
+
+twAlignmentConstants InnerMaskEditor::alignment() const
+{
+    return m_box->Alignment();
+}
+
+void InnerMaskEditor::setAlignment(twAlignmentConstants alignment)
+{
+    m_box->setAlignment(alignment);
+}
+
+bool InnerMaskEditor::locked() const
+{
+    return m_box->Locked();
+}
+
+void InnerMaskEditor::setLocked(bool locked)
+{
+    m_box->setLocked(locked);
+}
+
+bool InnerMaskEditor::checked() const
+{
+    return m_box->Checked();
+}
+
+void InnerMaskEditor::setChecked(bool checked)
+{
+    m_box->setChecked(checked);
+}
+
+bool InnerMaskEditor::checkHasFocus() const
+{
+    return m_box->CheckHasFocus();
+}
+
+QString InnerMaskEditor::text() const
+{
+    return m_box->Text();
+}
+
+int InnerMaskEditor::selStart() const
+{
+    return m_box->SelStart();
+}
+
+void InnerMaskEditor::setSelStart(int start)
+{
+    m_box->setSelStart(start);
+}
+
+int InnerMaskEditor::selLength() const
+{
+    return m_box->SelLength();
+}
+
+void InnerMaskEditor::setSelLength(int length)
+{
+    m_box->setSelLength(length);
+}
+
+QString InnerMaskEditor::selText() const
+{
+    return m_box->SelText();
+}
+
+void InnerMaskEditor::selectAll()
+{
+    m_box->setSelStart(0);
+    m_box->setSelLength(int(m_box->Text().size()));
+}
+
+void InnerMaskEditor::layout(int reservedWidth)
+{
+    m_frame.placeTwips(m_box, 0, 0, m_frame.innerWidthTwips() - reservedWidth,
+                       m_frame.innerHeightTwips());
+}
+
+int InnerMaskEditor::preferredHeight() const
+{
+    // What the inner box's text wants; the outer frame adds its own border and allowance.
+    return static_cast<const ControlFrame *>(m_box)->m_editor->preferredHeight();
+}
+
+void InnerMaskEditor::refresh()
+{
+    m_box->Refresh();
+}
+
+void InnerMaskEditor::startDrag()
+{
+    m_box->OLEDrag();
+}
+
+} // namespace Tarnwell

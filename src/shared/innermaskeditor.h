@@ -1,0 +1,55 @@
+#pragma once
+#include "shared/frameeditor.h"
+
+#include <QObject>
+
+namespace Tarnwell {
+
+class ControlFrame;
+class MaskBox;
+
+// The editor of DateBox and TimeBox: an inner MaskBox (mdtDate, mdtTime) that carries the text,
+// driven only through MaskBox's public interface. It forwards the common properties to the inner
+// box, keeps the box in the outer control's design or run mode, relays its events to the outer
+// control once and by reference (then runs the outer control's key hooks), and reports the inner
+// box's Change to the outer control's onTextChanged(). The inner box never selects on entry of
+// its own: selecting on entry is the outer control's SelectTextOnFocus.
+class InnerMaskEditor final : public QObject, public FrameEditor
+{
+    Q_OBJECT
+public:
+    InnerMaskEditor(ControlFrame &frame, const QString &name);
+    ~InnerMaskEditor() override;
+
+    MaskBox *box() const { return m_box; }
+
+    // FrameEditor
+    QWidget *focusTarget() const override;
+    void apply(Applied what) override;
+    twAlignmentConstants alignment() const override;
+    void setAlignment(twAlignmentConstants alignment) override;
+    bool locked() const override;
+    void setLocked(bool locked) override;
+    bool checked() const override;
+    void setChecked(bool checked) override;
+    bool checkHasFocus() const override;
+    QString text() const override;
+    int selStart() const override;
+    void setSelStart(int start) override;
+    int selLength() const override;
+    void setSelLength(int length) override;
+    QString selText() const override;
+    void selectAll() override;
+    void layout(int reservedWidth) override;
+    int preferredHeight() const override;
+    void refresh() override;
+    void startDrag() override;
+
+private:
+    void relayEvents();
+
+    ControlFrame &m_frame;
+    MaskBox *m_box = nullptr;
+};
+
+} // namespace Tarnwell
