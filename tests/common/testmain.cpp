@@ -1,6 +1,6 @@
 // One main for every test executable: an offscreen application with a pinned locale, so results
 // do not depend on the machine that runs them.
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #ifdef TARNWELL_TEST_WITHOUT_WIDGETS
 #include <QGuiApplication>
@@ -9,13 +9,12 @@ using TestApplication = QGuiApplication;
 #include <QApplication>
 using TestApplication = QApplication;
 #endif
-#include <QLocale>
 
 int main(int argc, char **argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    QLocale::setDefault(TestSupport::enUS);
     TestApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
