@@ -1,15 +1,8 @@
 #include "maskengine/maskengine.h"
 
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
-#include <ostream>
 #include <vector>
-
-// Readable strings in failure output.
-void PrintTo(const QString &s, std::ostream *os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
 
 using Tarnwell::MaskEditState;
 using Tarnwell::MaskEngine;
@@ -20,11 +13,7 @@ const QString Phone = QStringLiteral("(###) ###-####");
 const QString Time = QStringLiteral("##:##:## \\AM");
 const QString ControlLiteral = QStringLiteral("#") + QChar(2) + QStringLiteral("#");
 
-template <typename Row>
-std::string rowName(const testing::TestParamInfo<Row> &info)
-{
-    return info.param.name;
-}
+using TestSupport::rowName;
 
 // ---------------------------------------------------------------------------------------------
 struct ParseRow
@@ -73,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(Masks, ParseMaskTest, testing::Values(
     ParseRow{"ControlLiteralActsAsPlaceholder", ControlLiteral, {1, 2, 1}, 3, "   "},
     ParseRow{"EscapedControlLiteral", QStringLiteral("\\") + QChar(4), {4}, 1, " "},
     ParseRow{"LiteralAbove7FFF", QString(QChar(0xFF03)), {qint16(0xFF03)}, 0, QString(QChar(0xFF03))}),
-    rowName<ParseRow>);
+    rowName);
 
 // ---------------------------------------------------------------------------------------------
 struct AcceptRow
@@ -101,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Classes, AcceptsTest, testing::Values(
     AcceptRow{"AnyAccented", 4, QChar(233), true}, AcceptRow{"AnyHan", 4, QChar(0x4E2D), true},
     AcceptRow{"AnyTab", 4, u'\t', true}, AcceptRow{"AnyNul", 4, QChar(0), true},
     AcceptRow{"EitherTab", 3, u'\t', false}, AcceptRow{"LiteralKindTakesNothing", 35, u'#', false}),
-    rowName<AcceptRow>);
+    rowName);
 
 // ---------------------------------------------------------------------------------------------
 struct ConvertRow
@@ -146,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(Values, FormatTest, testing::Values(
     ConvertRow{"ControlLiteralMask", ControlLiteral, "1a3", 0, "1a3"},
     ConvertRow{"NoMaskPassesThrough", "", "a\tb", 0, "a\tb"},
     ConvertRow{"LoneBackslashMaskIsNotEmpty", "\\", "abc", 0, ""}),
-    rowName<ConvertRow>);
+    rowName);
 
 INSTANTIATE_TEST_SUITE_P(Values, ExtractTest, testing::Values(
     ConvertRow{"UpperCase", "@@/@@", "ab/cd", 1, "ABCD"},
@@ -160,7 +149,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ExtractTest, testing::Values(
     ConvertRow{"SharpSStaysOneCharacter", "&&", QString(QChar(0xDF)) + "a", 1, QString(QChar(0xDF)) + "A"},
     ConvertRow{"NoMaskIgnoresCase", "", "ab", 1, "ab"},
     ConvertRow{"LoneBackslashMask", "\\", "xyz", 1, ""}),
-    rowName<ConvertRow>);
+    rowName);
 
 // ---------------------------------------------------------------------------------------------
 enum class Op { Type, Delete, Backspace };
@@ -256,7 +245,7 @@ INSTANTIATE_TEST_SUITE_P(Edits, EditTest, testing::Values(
     EditRow{"BackspaceOnlyLiteralsLeft", "(###)", "(123)", 1, 0, Op::Backspace, {}, {}, 0, false},
     EditRow{"BackspaceSelection", "##/##", "12/34", 0, 5, Op::Backspace, {}, "  /  ", 0, true},
     EditRow{"BackspaceAtEndPastTrailingLiteral", "(###)", "(123)", 5, 0, Op::Backspace, {}, "(12 )", 3, true}),
-    testing::PrintToStringParamName());
+    rowName);
 
 // Typing a whole value from the blank template, as DateBox and TimeBox users do: the caret
 // must hop the literals after each field.
@@ -291,6 +280,6 @@ INSTANTIATE_TEST_SUITE_P(Sequences, TypingSequenceTest, testing::Values(
     SequenceRow{"Phone", Phone, "5551234567", {2, 3, 6, 7, 8, 10, 11, 12, 13, 14}, "(555) 123-4567"},
     SequenceRow{"Date", "##/##/####", "31122024", {1, 3, 4, 6, 7, 8, 9, 10}, "31/12/2024"},
     SequenceRow{"Time", Time, "123456", {1, 3, 4, 6, 7, 8}, "12:34:56 AM"}),
-    rowName<SequenceRow>);
+    rowName);
 
 } // namespace

@@ -4,16 +4,14 @@
 #include <tarnwell/constants.h>
 #include <tarnwell/variant.h>
 
-#include <gtest/gtest.h>
-
-// Failure output shows texts as text.
-[[maybe_unused]] static void PrintTo(const QString &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
+#include "common/testsupport.h"
 
 namespace Tarnwell {
 namespace {
 
-const QLocale English(QLocale::English, QLocale::UnitedStates);
-const QLocale German(QLocale::German, QLocale::Germany);
+const QLocale &English = TestSupport::enUS;
+const QLocale &German = TestSupport::deDE;
+using TestSupport::rowName;
 
 // Keys of a script: digits, "," ".", "-" and letters as typed; '\b' Backspace; '~' Delete;
 // '^' and 'v' step up and down; '#' a locked box for the rest of the script.
@@ -138,7 +136,7 @@ const Case typing[] = {
     {"long left symbol, caret inside", English, twCurrency, 2, "E|UR0.00", "5", "EUR5|.00", twLeft, "EUR"},
     {"right symbol grows", English, twCurrency, 2, "99|.00EUR", "9", "999|.00EUR", twRight, "EUR"},
 };
-INSTANTIATE_TEST_SUITE_P(Typing, NumberEditorTest, testing::ValuesIn(typing));
+INSTANTIATE_TEST_SUITE_P(Typing, NumberEditorTest, testing::ValuesIn(typing), rowName);
 
 const Case deleting[] = {
     {"backspace right of decimal char", English, twDouble, 2, "12.|34", "\b", "12|.34"},
@@ -157,7 +155,7 @@ const Case deleting[] = {
     {"german backspace right of decimal", German, twDouble, 2, "12,|34", "\b", "12|,34"},
     {"left symbol backspace at digits start", English, twCurrency, 2, "$|5.00", "\b", "$|5.00", twLeft},
 };
-INSTANTIATE_TEST_SUITE_P(Deleting, NumberEditorTest, testing::ValuesIn(deleting));
+INSTANTIATE_TEST_SUITE_P(Deleting, NumberEditorTest, testing::ValuesIn(deleting), rowName);
 
 const Case signs[] = {
     {"zero to negative entry", English, twDouble, 2, "|0.00", "-", "-|0.00"},
@@ -178,7 +176,7 @@ const Case signs[] = {
     {"decimal keeps all digits", English, twDecimal, 0, "|7,922,816,251,426,433,759,354,395,033",
      "-", "-|7,922,816,251,426,433,759,354,395,033"},
 };
-INSTANTIATE_TEST_SUITE_P(Sign, NumberEditorTest, testing::ValuesIn(signs));
+INSTANTIATE_TEST_SUITE_P(Sign, NumberEditorTest, testing::ValuesIn(signs), rowName);
 
 const Case steps[] = {
     {"caret keeps distance from right", English, twDouble, 2, "1|2.00", "^", "1|3.00"},
@@ -194,35 +192,36 @@ const Case steps[] = {
     {"german step", German, twDouble, 2, "999|,00", "^", "1.000|,00"},
     {"left symbol", English, twCurrency, 2, "$9|.00", "^", "$10|.00", twLeft},
 };
-INSTANTIATE_TEST_SUITE_P(Step, NumberEditorTest, testing::ValuesIn(steps));
+INSTANTIATE_TEST_SUITE_P(Step, NumberEditorTest, testing::ValuesIn(steps), rowName);
 
-TEST(NumberEditorPasteTest, CleansOrRefuses)
+struct PasteRow { const char *name; const QLocale &locale; const char *start; const char *clip; const char *expected; };
+
+class NumberEditorPaste : public testing::TestWithParam<PasteRow> {};
+
+TEST_P(NumberEditorPaste, CleansOrRefuses)
 {
-    struct Row { const char *name; const QLocale &locale; const char *start; const char *clip; const char *expected; };
-    const Row rows[] = {
-        {"grouping and symbol dropped", English, "[0.00]", "$1,234.50", "1,234.50|"},
-        {"blanks dropped", English, "|0.00", " 12 ", "12|.00"},
-        {"negative", English, "[5.00]", "-7", "-7|.00"},
-        {"paste into decimals overwrites", English, "1.|00", "99", "1.99|"},
-        {"letters refused", English, "|0.00", "12abc", "|0.00"},
-        {"two decimal chars refused", English, "|0.00", "1.2.3", "|0.00"},
-        {"too many decimals refused", English, "[0.00]", "1.234", "[0.00]"},
-        {"minus inside refused", English, "|0.00", "1-2", "|0.00"},
-        {"empty clipboard does nothing", English, "12|.00", "", "12|.00"},
-        {"german cleaned", German, "[0,00]", "1.234,5", "1.234,5|0"},
-        {"non-breaking blank dropped", German, "[0,00]", "1\u00a0234", "1.234|,00"},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        NumberDisplay display(row.locale);
-        display.setDecimalPlaces(2);
-        const NumberEditor editor(display);
-        NumberEditState state = parseState(row.start);
-        state.dataType = twCurrency;
-        state.value = editor.valueOfText(state.text, twCurrency);
-        EXPECT_EQ(marked(editor.paste(state, QString::fromUtf8(row.clip))), QString::fromUtf8(row.expected));
-    }
+    const PasteRow &row = GetParam();
+    NumberDisplay display(row.locale);
+    display.setDecimalPlaces(2);
+    const NumberEditor editor(display);
+    NumberEditState state = parseState(row.start);
+    state.dataType = twCurrency;
+    state.value = editor.valueOfText(state.text, twCurrency);
+    EXPECT_EQ(marked(editor.paste(state, QString::fromUtf8(row.clip))), QString::fromUtf8(row.expected));
 }
+
+INSTANTIATE_TEST_SUITE_P(Paste, NumberEditorPaste, testing::Values(
+    PasteRow{"grouping and symbol dropped", English, "[0.00]", "$1,234.50", "1,234.50|"},
+    PasteRow{"blanks dropped", English, "|0.00", " 12 ", "12|.00"},
+    PasteRow{"negative", English, "[5.00]", "-7", "-7|.00"},
+    PasteRow{"paste into decimals overwrites", English, "1.|00", "99", "1.99|"},
+    PasteRow{"letters refused", English, "|0.00", "12abc", "|0.00"},
+    PasteRow{"two decimal chars refused", English, "|0.00", "1.2.3", "|0.00"},
+    PasteRow{"too many decimals refused", English, "[0.00]", "1.234", "[0.00]"},
+    PasteRow{"minus inside refused", English, "|0.00", "1-2", "|0.00"},
+    PasteRow{"empty clipboard does nothing", English, "12|.00", "", "12|.00"},
+    PasteRow{"german cleaned", German, "[0,00]", "1.234,5", "1.234,5|0"},
+    PasteRow{"non-breaking blank dropped", German, "[0,00]", "1\u00a0234", "1.234|,00"}), rowName);
 
 TEST(NumberEditorTest, ChangeFlags)
 {

@@ -1,4 +1,4 @@
-#include "common/errorassert.h"
+#include "common/testsupport.h"
 
 #include <tarnwell/clock.h>
 #include <tarnwell/date.h>
@@ -18,7 +18,6 @@ void PrintTo(const Date::Parts &p, std::ostream *os)
 } // namespace Tarnwell
 
 using Tarnwell::Date;
-using TestSupport::errorOf;
 using TestSupport::rowName;
 
 namespace {
@@ -86,13 +85,21 @@ INSTANTIATE_TEST_SUITE_P(
                     YmdCase{"Year99Month13", {99, 13, 1}, Date::fromYmd(2000, 1, 1).serial()},
                     YmdCase{"Century2000Leap", {2000, 2, 29}, 36585}), rowName);
 
-TEST(DateFromYmdRange, OutsideTheRangeIsOverflow)
+class DateFromYmdRange : public testing::TestWithParam<YmdCase> {};
+
+TEST_P(DateFromYmdRange, IsOverflowOutside)
 {
-    const Ymd rows[] = {{1600, 12, 31}, {10000, 1, 1}, {9999, 12, 32}, {1601, 1, 0}, {100, 1, 1},
-                        {-5, 1, 1},     {2024, 1, 2147483647},         {2147483647, 2147483647, 1}};
-    for (const Ymd &r : rows)
-        EXPECT_EQ(errorOf([&] { Date::fromYmd(r.y, r.m, r.d); }), 6) << r.y << '-' << r.m << '-' << r.d;
+    const Ymd &in = GetParam().in;
+    EXPECT_ERROR(Date::fromYmd(in.y, in.m, in.d), Tarnwell::Error::Overflow);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DateFromYmdRange,
+    testing::Values(YmdCase{"DayBeforeFirst", {1600, 12, 31}, 0}, YmdCase{"YearAfterLast", {10000, 1, 1}, 0},
+                    YmdCase{"DayAfterLast", {9999, 12, 32}, 0}, YmdCase{"DayZeroOfFirst", {1601, 1, 0}, 0},
+                    YmdCase{"Year100", {100, 1, 1}, 0}, YmdCase{"NegativeYear", {-5, 1, 1}, 0},
+                    YmdCase{"HugeDay", {2024, 1, 2147483647}, 0},
+                    YmdCase{"HugeYearAndMonth", {2147483647, 2147483647, 1}, 0}), rowName);
 
 struct SerialCase {
     const char *name;
@@ -149,24 +156,37 @@ TEST(DateFromHmsValue, SerialOfCarriedHourAndOverflow)
     EXPECT_DOUBLE_EQ(Date::fromHms(25, 0, 0).serial(), 1.0 + 1.0 / 24);
     EXPECT_DOUBLE_EQ(Date::fromHms(0, 0, -1).serial(), -1.0 - 86399.0 / 86400);
     EXPECT_EQ(Date::fromHms(23, 59, 59).serial(), 86399.0 / 86400);
-    EXPECT_EQ(errorOf([] { Date::fromHms(2147483647, 2147483647, 0); }), 6);
+    EXPECT_ERROR(Date::fromHms(2147483647, 2147483647, 0), 6);
 }
 
-TEST(DateQt, RoundTripsThroughQDateTimeOnBothSidesOfTheEpoch)
+struct QtCase {
+    const char *name;
+    QDateTime dateTime;
+};
+
+class DateQt : public testing::TestWithParam<QtCase> {};
+
+TEST_P(DateQt, RoundTripsThroughQDateTime)
 {
-    const QDateTime rows[] = {QDateTime(QDate(1899, 12, 29), QTime(6, 0)),
-                              QDateTime(QDate(2024, 3, 7), QTime(23, 59, 59)),
-                              QDateTime(QDate(1601, 1, 1), QTime(0, 0, 1)),
-                              QDateTime(QDate(1750, 7, 4), QTime(12, 34, 56))};
-    for (const QDateTime &dt : rows) {
-        const Date d = Date::fromQDateTime(dt);
-        EXPECT_EQ(d.toQDateTime(), dt) << dt.toString().toStdString();
-        EXPECT_EQ(d.datePart().toQDate(), dt.date());
-        EXPECT_EQ(d.timePart().toQTime(), dt.time());
-    }
+    const QDateTime &dt = GetParam().dateTime;
+    const Date d = Date::fromQDateTime(dt);
+    EXPECT_EQ(d.toQDateTime(), dt);
+    EXPECT_EQ(d.datePart().toQDate(), dt.date());
+    EXPECT_EQ(d.timePart().toQTime(), dt.time());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DateQt,
+    testing::Values(QtCase{"BeforeEpoch", QDateTime(QDate(1899, 12, 29), QTime(6, 0))},
+                    QtCase{"LastSecondOfADay", QDateTime(QDate(2024, 3, 7), QTime(23, 59, 59))},
+                    QtCase{"FirstDay", QDateTime(QDate(1601, 1, 1), QTime(0, 0, 1))},
+                    QtCase{"Before1800", QDateTime(QDate(1750, 7, 4), QTime(12, 34, 56))}), rowName);
+
+TEST(DateQtEdges, SerialOfATimeBeforeTheEpochAndRefusals)
+{
     EXPECT_DOUBLE_EQ(Date::fromQDateTime(QDateTime(QDate(1899, 12, 29), QTime(6, 0))).serial(), -1.25);
-    EXPECT_EQ(errorOf([] { Date::fromQDate(QDate()); }), 13);
-    EXPECT_EQ(errorOf([] { Date::fromQDate(QDate(1600, 12, 31)); }), 6);
+    EXPECT_ERROR(Date::fromQDate(QDate()), 13);
+    EXPECT_ERROR(Date::fromQDate(QDate(1600, 12, 31)), 6);
     EXPECT_FALSE(Date(std::numeric_limits<double>::infinity()).toQDate().isValid());
 }
 

@@ -1,4 +1,4 @@
-#include "common/errorassert.h"
+#include "common/testsupport.h"
 #include "platform/numberformat.h"
 
 #include <tarnwell/currency.h>

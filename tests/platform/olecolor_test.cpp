@@ -1,4 +1,4 @@
-#include "common/errorassert.h"
+#include "common/testsupport.h"
 #include <tarnwell/olecolor.h>
 
 #include <gtest/gtest.h>
@@ -58,23 +58,30 @@ TEST(OleColorSystemGroup, FollowsTheCurrentGroup)
     EXPECT_EQ(OleColor(OleColor::GrayText).toQColor(palette), palette.color(QPalette::Disabled, QPalette::Text));
 }
 
-TEST(OleColorRgb, RedInTheLowByte)
+struct RgbCase {
+    const char *name;
+    std::uint32_t value;
+    QColor colour;
+};
+
+class OleColorRgb : public testing::TestWithParam<RgbCase> {};
+
+TEST_P(OleColorRgb, RedInTheLowByteBothWays)
 {
-    struct Row {
-        std::uint32_t value;
-        QColor colour;
-    } rows[] = {{192, QColor(192, 0, 0)},
-                {0x8080FF, QColor(255, 128, 128)},
-                {0xFF0000, QColor(0, 0, 255)},
-                {0x00FF00, QColor(0, 255, 0)},
-                {0, Qt::black},
-                {0xFFFFFF, Qt::white}};
-    const QPalette palette = distinctPalette();
-    for (const Row &r : rows) {
-        EXPECT_EQ(OleColor(r.value).toQColor(palette), r.colour) << std::hex << r.value;
-        EXPECT_EQ(OleColor::fromQColor(r.colour).value(), r.value) << std::hex << r.value;
-        EXPECT_FALSE(OleColor(r.value).isSystem());
-    }
+    const RgbCase &c = GetParam();
+    EXPECT_EQ(OleColor(c.value).toQColor(distinctPalette()), c.colour);
+    EXPECT_EQ(OleColor::fromQColor(c.colour).value(), c.value);
+    EXPECT_FALSE(OleColor(c.value).isSystem());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, OleColorRgb,
+    testing::Values(RgbCase{"DarkRed", 192, QColor(192, 0, 0)}, RgbCase{"Pink", 0x8080FF, QColor(255, 128, 128)},
+                    RgbCase{"Blue", 0xFF0000, QColor(0, 0, 255)}, RgbCase{"Green", 0x00FF00, QColor(0, 255, 0)},
+                    RgbCase{"Black", 0, Qt::black}, RgbCase{"White", 0xFFFFFF, Qt::white}), TestSupport::rowName);
+
+TEST(OleColorFromQColor, TakesAnySpecAndInvalidIsBlack)
+{
     EXPECT_EQ(OleColor::fromQColor(QColor::fromHsv(0, 255, 255)).value(), 0x0000FFu);
     EXPECT_EQ(OleColor::fromQColor(QColor()).value(), 0u);
 }

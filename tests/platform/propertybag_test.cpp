@@ -1,4 +1,4 @@
-#include "common/errorassert.h"
+#include "common/testsupport.h"
 #include <tarnwell/currency.h>
 #include <tarnwell/date.h>
 #include <tarnwell/decimal.h>
@@ -204,32 +204,40 @@ TEST(PropertyBagOrder, ReplacesInPlaceAndRemovesOnDefault)
     EXPECT_TRUE(bag.writeLog().isEmpty());
 }
 
-TEST(PropertyBagJson, DamagedInputLosesOnlyWhatIsDamaged)
+struct DamageCase {
+    const char *name;
+    const char *text;
+    QStringList keys;
+};
+
+class PropertyBagJson : public testing::TestWithParam<DamageCase> {};
+
+TEST_P(PropertyBagJson, DamagedInputLosesOnlyWhatIsDamaged)
 {
-    struct Row {
-        const char *name;
-        const char *text;
-        QStringList keys;
-    } rows[] = {
-        {"NotJson", "{{{", {}},
-        {"NotAnArray", "{\"key\":\"A\"}", {}},
-        {"Empty", "", {}},
-        {"UnknownType", R"([{"key":"A","type":"Bogus","value":1},{"key":"B","type":"Long","value":2}])", {u"B"_qs}},
-        {"IntegerOutOfRange", R"([{"key":"A","type":"Integer","value":40000}])", {}},
-        {"FractionalInteger", R"([{"key":"A","type":"Long","value":1.5}])", {}},
-        {"BadCurrency", R"([{"key":"A","type":"Currency","value":"12x"}])", {}},
-        {"DecimalTooLong", R"([{"key":"A","type":"Decimal","value":"79228162514264337593543950336"}])", {}},
-        {"BadPicture", R"([{"key":"A","type":"Picture","value":"bm90IGEgcG5n"}])", {}},
-        {"MissingKey", R"([{"type":"Long","value":2}])", {}},
-        {"DuplicateKeepsFirstPlace", R"([{"key":"A","type":"Long","value":1},{"key":"B","type":"Long","value":2},{"key":"A","type":"Long","value":3}])",
-         {u"A"_qs, u"B"_qs}},
-    };
-    for (const Row &r : rows) {
-        const PropertyBag bag = PropertyBag::fromJsonText(QByteArray(r.text));
-        EXPECT_EQ(bag.keys(), r.keys) << r.name;
-    }
-    const PropertyBag dup = PropertyBag::fromJsonText(QByteArray(rows[10].text));
-    EXPECT_EQ(dup.ReadProperty(u"A"_qs).toInt(), 3);
+    EXPECT_EQ(PropertyBag::fromJsonText(QByteArray(GetParam().text)).keys(), GetParam().keys);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, PropertyBagJson,
+    testing::Values(
+        DamageCase{"NotJson", "{{{", {}},
+        DamageCase{"NotAnArray", "{\"key\":\"A\"}", {}},
+        DamageCase{"Empty", "", {}},
+        DamageCase{"UnknownType", R"([{"key":"A","type":"Bogus","value":1},{"key":"B","type":"Long","value":2}])", {u"B"_qs}},
+        DamageCase{"IntegerOutOfRange", R"([{"key":"A","type":"Integer","value":40000}])", {}},
+        DamageCase{"FractionalInteger", R"([{"key":"A","type":"Long","value":1.5}])", {}},
+        DamageCase{"BadCurrency", R"([{"key":"A","type":"Currency","value":"12x"}])", {}},
+        DamageCase{"DecimalTooLong", R"([{"key":"A","type":"Decimal","value":"79228162514264337593543950336"}])", {}},
+        DamageCase{"BadPicture", R"([{"key":"A","type":"Picture","value":"bm90IGEgcG5n"}])", {}},
+        DamageCase{"MissingKey", R"([{"type":"Long","value":2}])", {}},
+        DamageCase{"DuplicateKeepsFirstPlace", R"([{"key":"A","type":"Long","value":1},{"key":"B","type":"Long","value":2},{"key":"A","type":"Long","value":3}])",
+                   {u"A"_qs, u"B"_qs}}), TestSupport::rowName);
+
+TEST(PropertyBagJsonDuplicate, LastValueWins)
+{
+    const PropertyBag bag = PropertyBag::fromJsonText(
+        R"([{"key":"A","type":"Long","value":1},{"key":"A","type":"Long","value":3}])");
+    EXPECT_EQ(bag.ReadProperty(u"A"_qs).toInt(), 3);
 }
 
 } // namespace
