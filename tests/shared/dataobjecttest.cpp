@@ -1,77 +1,80 @@
 // The drag-and-drop data object: formats in and out, on-demand data, read-only drops.
 #include <tarnwell/dataobject.h>
-#include <tarnwell/error.h>
 
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #include <QImage>
+#include <QMimeData>
+
+#include <functional>
 
 using Tarnwell::DataObject;
-using Tarnwell::Error;
 
 namespace {
 
-int errorOf(const std::function<void()> &f)
-{
-    try {
-        f();
-    } catch (const Error &e) {
-        return e.number();
-    }
-    return 0;
-}
-
-TEST(DataObject, FormatsRoundTrip)
+QImage redSquare()
 {
     QImage image(2, 2, QImage::Format_RGB32);
     image.fill(Qt::red);
-    struct {
-        const char *name;
-        QVariant value;
-        int format;      // 0: picked from the value
-        int readFormat;
-        QVariant expected;
-    } rows[] = {
-        {"text", QString("abc"), DataObject::CFText, DataObject::CFText, QString("abc")},
-        {"text picked from value", QString("xyz"), 0, DataObject::CFText, QString("xyz")},
-        {"number as text", 42, DataObject::CFText, DataObject::CFText, QString("42")},
-        {"bitmap", image, 0, DataObject::CFBitmap, image},
-        {"files", QStringList{"/tmp/a.txt"}, 0, DataObject::CFFiles, QStringList{"/tmp/a.txt"}},
-        {"rtf", QString("{\\rtf1}"), DataObject::CFRTF, DataObject::CFRTF, QString("{\\rtf1}")},
-    };
-    for (const auto &row : rows) {
-        DataObject data;
-        data.SetData(row.value, row.format);
-        EXPECT_TRUE(data.GetFormat(row.readFormat)) << row.name;
-        EXPECT_EQ(data.GetData(row.readFormat), row.expected) << row.name;
-        data.Clear();
-        EXPECT_FALSE(data.GetFormat(row.readFormat)) << row.name;
-        EXPECT_FALSE(data.GetData(row.readFormat).isValid()) << row.name;
-    }
+    return image;
 }
 
-TEST(DataObject, RefusesWhatItCannotCarry)
+struct FormatRow {
+    const char *name;
+    QVariant value;
+    int format; // 0: picked from the value
+    int readFormat;
+    QVariant expected;
+};
+
+class DataObjectFormats : public testing::TestWithParam<FormatRow> {};
+
+TEST_P(DataObjectFormats, RoundTripUntilCleared)
+{
+    const FormatRow &row = GetParam();
+    DataObject data;
+    data.SetData(row.value, row.format);
+    EXPECT_TRUE(data.GetFormat(row.readFormat));
+    EXPECT_EQ(data.GetData(row.readFormat), row.expected);
+    data.Clear();
+    EXPECT_FALSE(data.GetFormat(row.readFormat));
+    EXPECT_FALSE(data.GetData(row.readFormat).isValid());
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, DataObjectFormats, testing::Values(
+    FormatRow{"Text", QString("abc"), DataObject::CFText, DataObject::CFText, QString("abc")},
+    FormatRow{"TextPickedFromValue", QString("xyz"), 0, DataObject::CFText, QString("xyz")},
+    FormatRow{"NumberAsText", 42, DataObject::CFText, DataObject::CFText, QString("42")},
+    FormatRow{"Bitmap", redSquare(), 0, DataObject::CFBitmap, redSquare()},
+    FormatRow{"Files", QStringList{"/tmp/a.txt"}, 0, DataObject::CFFiles, QStringList{"/tmp/a.txt"}},
+    FormatRow{"Rtf", QString("{\\rtf1}"), DataObject::CFRTF, DataObject::CFRTF, QString("{\\rtf1}")}),
+    TestSupport::rowName);
+
+struct RefusalRow {
+    const char *name;
+    std::function<void(DataObject &data, DataObject &dropped)> call;
+    int number;
+};
+
+class DataObjectRefusals : public testing::TestWithParam<RefusalRow> {};
+
+TEST_P(DataObjectRefusals, ThrowAndLeaveADropAsItCame)
 {
     DataObject data;
     QMimeData incoming;
     incoming.setText("dropped");
     DataObject dropped(&incoming);
-    struct {
-        const char *name;
-        std::function<void()> call;
-        int number;
-    } rows[] = {
-        {"unknown format", [&] { data.SetData(QString("x"), 77); }, 380},
-        {"value kind not guessable", [&] { data.SetData(3.5, 0); }, 380},
-        {"bitmap from a number", [&] { data.SetData(1, DataObject::CFBitmap); }, 380},
-        {"reading an unknown format", [&] { data.GetData(77); }, 380},
-        {"writing a drop", [&] { dropped.SetData(QString("x"), DataObject::CFText); }, 387},
-        {"clearing a drop", [&] { dropped.Clear(); }, 387},
-    };
-    for (const auto &row : rows)
-        EXPECT_EQ(errorOf(row.call), row.number) << row.name;
+    EXPECT_ERROR(GetParam().call(data, dropped), GetParam().number);
     EXPECT_EQ(dropped.GetData(DataObject::CFText), QString("dropped"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Table, DataObjectRefusals, testing::Values(
+    RefusalRow{"UnknownFormat", [](DataObject &d, DataObject &) { d.SetData(QString("x"), 77); }, 380},
+    RefusalRow{"KindNotGuessable", [](DataObject &d, DataObject &) { d.SetData(3.5, 0); }, 380},
+    RefusalRow{"BitmapFromANumber", [](DataObject &d, DataObject &) { d.SetData(1, DataObject::CFBitmap); }, 380},
+    RefusalRow{"ReadingAnUnknownFormat", [](DataObject &d, DataObject &) { d.GetData(77); }, 380},
+    RefusalRow{"WritingADrop", [](DataObject &, DataObject &drop) { drop.SetData(QString("x"), DataObject::CFText); }, 387},
+    RefusalRow{"ClearingADrop", [](DataObject &, DataObject &drop) { drop.Clear(); }, 387}), TestSupport::rowName);
 
 TEST(DataObject, DeclaredFormatIsFilledWhenRead)
 {

@@ -2,7 +2,7 @@
 // keyboard needs to type a character.
 #include "platform/keyboard.h"
 
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #include <QKeyEvent>
 
@@ -45,14 +45,9 @@ INSTANTIATE_TEST_SUITE_P(
         KeyRow{"UpperA", Qt::Key_A, shift, u"A", 65, 1, 'A'},
         KeyRow{"UpperAWithoutText", Qt::Key_A, shift, u"", 65, 1, 'A'},
         KeyRow{"LowerZWithoutText", Qt::Key_Z, none, u"", 90, 0, 'z'},
-        KeyRow{"Digit7", Qt::Key_7, none, u"7", 55, 0, '7'},
         KeyRow{"ExclamationIsShift1", Qt::Key_Exclam, shift, u"!", 49, 1, '!'},
-        KeyRow{"Colon", Qt::Key_Colon, shift, u":", 186, 1, ':'},
-        KeyRow{"Minus", Qt::Key_Minus, none, u"-", 189, 0, '-'},
         KeyRow{"Enter", Qt::Key_Return, none, u"\r", 13, 0, 13},
         KeyRow{"KeypadEnter", Qt::Key_Enter, pad, u"\r", 13, 0, 13},
-        KeyRow{"Tab", Qt::Key_Tab, none, u"\t", 9, 0, 9},
-        KeyRow{"Backspace", Qt::Key_Backspace, none, u"\b", 8, 0, 8},
         KeyRow{"CtrlC", Qt::Key_C, ctrl, u"\x03", 67, 2, 3},
         KeyRow{"CtrlVWithoutText", Qt::Key_V, ctrl, u"", 86, 2, 22},
         KeyRow{"CtrlShiftZ", Qt::Key_Z, ctrl | shift, u"\x1a", 90, 3, 26},
@@ -62,15 +57,11 @@ INSTANTIATE_TEST_SUITE_P(
         KeyRow{"AltLetterTypesNothing", Qt::Key_F, alt, u"f", 70, 4, 0},
         KeyRow{"AltGrThirdLevel", Qt::Key_At, ctrl | alt, u"@", 50, 6, '@'},
         KeyRow{"Delete", Qt::Key_Delete, none, u"", 46, 0, 0},
-        KeyRow{"Insert", Qt::Key_Insert, shift, u"", 45, 1, 0},
-        KeyRow{"Down", Qt::Key_Down, none, u"", 40, 0, 0},
         KeyRow{"F4", Qt::Key_F4, alt, u"", 115, 4, 0},
-        KeyRow{"ShiftPressedAlone", Qt::Key_Shift, none, u"", 16, 1, 0},
         KeyRow{"Numpad5", Qt::Key_5, pad, u"5", 101, 0, '5'},
-        KeyRow{"NumpadPlus", Qt::Key_Plus, pad, u"+", 107, 0, '+'},
         KeyRow{"LatinOneEacute", Qt::Key_Eacute, none, u"\u00e9", 0, 0, 0xE9},
         KeyRow{"AboveLatinOneKeptAsUtf16", Qt::Key_unknown, none, u"\u20ac", 0, 0, 0x20AC}),
-    [](const auto &info) { return std::string(info.param.name); });
+    TestSupport::rowName);
 
 struct ScanRow {
     const char *name;
@@ -87,14 +78,12 @@ TEST_P(CharacterToKeys, FollowsUsLayout)
 
 INSTANTIATE_TEST_SUITE_P(
     Characters, CharacterToKeys,
-    ::testing::Values(ScanRow{"LowerA", u'a', 0x41}, ScanRow{"UpperANeedsShift", u'A', 0x141},
-                      ScanRow{"Exclamation", u'!', 0x131}, ScanRow{"Tab", u'\t', 0x09},
+    ::testing::Values(ScanRow{"Tab", u'\t', 0x09},
                       ScanRow{"Enter", u'\r', 0x0D}, ScanRow{"LineFeedIsCtrlEnter", u'\n', 0x20D},
                       ScanRow{"CtrlC", u'\x03', 0x243}, ScanRow{"CtrlBackslash", u'\x1c', 0x2DC},
                       ScanRow{"CtrlShift6", u'\x1e', 0x336}, ScanRow{"CtrlShiftMinus", u'\x1f', 0x3BD},
-                      ScanRow{"Tilde", u'~', 0x1C0}, ScanRow{"Pipe", u'|', 0x1DC},
                       ScanRow{"EacuteHasNoKey", u'\u00e9', -1}, ScanRow{"NulHasNoKey", u'\0', -1}),
-    [](const auto &info) { return std::string(info.param.name); });
+    TestSupport::rowName);
 
 // Every key a US layout types maps back to a Qt key and to the same text, so synthesised
 // keystrokes type what they were asked to.

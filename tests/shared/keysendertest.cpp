@@ -2,9 +2,7 @@
 // at the focus widget with the right key, modifiers and text.
 #include "shared/keysender.h"
 
-#include "common/widgetfixture.h"
-
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -71,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
                 {{189, false, 3}, {16, false, 2}, {17, false, 2}}},
         CharRow{"NoKeyForCharacter", QString(QChar(0xE9)), false, false, {}},
         CharRow{"EmptyString", "", false, false, {}}),
-    [](const auto &info) { return std::string(info.param.name); });
+    TestSupport::rowName);
 
 struct VkRow {
     const char *name;
@@ -97,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
                       VkRow{"LetterNeverExtended", 65, false, false, false, {{65, true, 0}, {65, false, 2}}},
                       VkRow{"DownPressOnly", 40, true, false, false, {{40, true, 1}}},
                       VkRow{"OutOfRange", 300, false, false, false, {}}),
-    [](const auto &info) { return std::string(info.param.name); });
+    TestSupport::rowName);
 
 // Records every key event that reaches a widget.
 class KeyLog : public QObject

@@ -3,7 +3,7 @@
 #include "shared/memorysettingsstore.h"
 #include "shared/settingsreader.h"
 
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #include <QApplication>
 #include <QStyle>
@@ -55,32 +55,41 @@ INSTANTIATE_TEST_SUITE_P(
         TypeRow{"BinaryEmptyIsZero", SettingsStore::RegBinary, QByteArray(), "0"},
         TypeRow{"DwordIgnored", SettingsStore::RegDword, QByteArray("\x02\0\0\0", 4), ""},
         TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""}),
-    [](const auto &info) { return std::string(info.param.name); });
+    TestSupport::rowName);
 
-TEST_F(InjectedStore, EveryFailureIsEmptyText)
+struct LookupRow {
+    const char *name;
+    SettingsStore::Handle root;
+    QString key, value, expected;
+};
+
+class Lookups : public InjectedStore, public ::testing::WithParamInterface<LookupRow> {};
+
+// iDigits is "3"; reading iCurrDigits fails.
+TEST_P(Lookups, EveryFailureIsEmptyText)
 {
     store.setString(hkcu, intl, QStringLiteral("iDigits"), QStringLiteral("3"));
     store.setString(hkcu, intl, QStringLiteral("iCurrDigits"), QStringLiteral("2"));
     store.setFailingRead(hkcu, intl, QStringLiteral("iCurrDigits"));
-
-    struct {
-        const char *name;
-        SettingsStore::Handle root;
-        QString key, value, expected;
-    } rows[] = {
-        {"present", hkcu, intl, "iDigits", "3"},
-        {"names ignore case", hkcu, "control panel\\INTERNATIONAL", "IDIGITS", "3"},
-        {"missing value", hkcu, intl, "sDecimal", ""},
-        {"missing key", hkcu, "Control Panel\\Nowhere", "iDigits", ""},
-        {"other root", SettingsStore::LocalMachine, intl, "iDigits", ""},
-        {"not a root", 12345, intl, "iDigits", ""},
-        {"second read fails", hkcu, intl, "iCurrDigits", ""},
-    };
-    for (const auto &row : rows) {
-        EXPECT_EQ(SettingsReader::GetRegValue(row.root, row.key, row.value).toString(), row.expected)
-            << row.name;
-    }
+    const LookupRow &row = GetParam();
+    EXPECT_EQ(SettingsReader::GetRegValue(row.root, row.key, row.value).toString(), row.expected);
     EXPECT_EQ(store.openKeyCount(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Lookups,
+    ::testing::Values(LookupRow{"Present", hkcu, intl, "iDigits", "3"},
+                      LookupRow{"NamesIgnoreCase", hkcu, "control panel\\INTERNATIONAL", "IDIGITS", "3"},
+                      LookupRow{"MissingValue", hkcu, intl, "sDecimal", ""},
+                      LookupRow{"MissingKey", hkcu, "Control Panel\\Nowhere", "iDigits", ""},
+                      LookupRow{"OtherRoot", SettingsStore::LocalMachine, intl, "iDigits", ""},
+                      LookupRow{"NotARoot", 12345, intl, "iDigits", ""},
+                      LookupRow{"ReadFails", hkcu, intl, "iCurrDigits", ""}),
+    TestSupport::rowName);
+
+TEST_F(InjectedStore, AKeyNeverOpenedReadsNothing)
+{
+    store.setString(hkcu, intl, QStringLiteral("iDigits"), QStringLiteral("3"));
     EXPECT_EQ(SettingsReader::ReadRegValue(0, QStringLiteral("iDigits")), QString());
 }
 

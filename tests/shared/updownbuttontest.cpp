@@ -1,10 +1,7 @@
 // The up-down button: Change on every press and every set, and repeat while held.
 #include "shared/updownbutton.h"
 
-#include <gtest/gtest.h>
-
-#include <QSignalSpy>
-#include <QTest>
+#include "common/testsupport.h"
 
 using Tarnwell::UpDownButton;
 
@@ -12,7 +9,7 @@ namespace {
 
 class UpDown : public ::testing::Test
 {
-protected:
+public:
     void SetUp() override
     {
         button.resize(17, 22);
@@ -31,30 +28,37 @@ protected:
     std::vector<int> values; // Value seen by each Change
 };
 
-TEST_F(UpDown, ChangeOnEveryPressAndEverySet)
+struct ChangeRow {
+    const char *name;
+    std::function<void(UpDown &)> action;
+    std::vector<int> seen;
+};
+
+class UpDownChanges : public UpDown, public ::testing::WithParamInterface<ChangeRow> {};
+
+TEST_P(UpDownChanges, OnEveryPressAndEverySet)
 {
-    struct {
-        const char *step;
-        std::function<void()> action;
-        std::vector<int> seen;
-    } rows[] = {
-        {"up press", [&] { QTest::mouseClick(&button, Qt::LeftButton, {}, upPoint()); }, {1}},
-        {"reset to 0", [&] { button.setValue(0); }, {1, 0}},
-        {"set to same value", [&] { button.setValue(0); }, {1, 0, 0}},
-        {"down press", [&] { QTest::mouseClick(&button, Qt::LeftButton, {}, downPoint()); }, {1, 0, 0, 0}},
-        {"right button ignored", [&] { QTest::mouseClick(&button, Qt::RightButton, {}, upPoint()); }, {1, 0, 0, 0}},
-        {"disabled ignores press", [&] {
-             button.setEnabled(false);
-             QTest::mouseClick(&button, Qt::LeftButton, {}, upPoint());
-             button.setEnabled(true);
-         }, {1, 0, 0, 0}},
-        {"Value through the property", [&] { button.setProperty("Value", 5); }, {1, 0, 0, 0, 5}},
-    };
-    for (const auto &row : rows) {
-        row.action();
-        EXPECT_EQ(values, row.seen) << row.step;
-    }
+    GetParam().action(*this);
+    EXPECT_EQ(values, GetParam().seen);
 }
+
+void click(UpDown &t, Qt::MouseButton button, QPoint at) { QTest::mouseClick(&t.button, button, {}, at); }
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, UpDownChanges,
+    ::testing::Values(
+        ChangeRow{"UpPress", [](UpDown &t) { click(t, Qt::LeftButton, t.upPoint()); }, {1}},
+        ChangeRow{"DownPress", [](UpDown &t) { click(t, Qt::LeftButton, t.downPoint()); }, {0}},
+        ChangeRow{"SetToTheSameValue", [](UpDown &t) { t.button.setValue(0); t.button.setValue(0); }, {0, 0}},
+        ChangeRow{"RightButtonIgnored", [](UpDown &t) { click(t, Qt::RightButton, t.upPoint()); }, {}},
+        ChangeRow{"DisabledIgnoresPress",
+                  [](UpDown &t) {
+                      t.button.setEnabled(false);
+                      click(t, Qt::LeftButton, t.upPoint());
+                  },
+                  {}},
+        ChangeRow{"ValueThroughTheProperty", [](UpDown &t) { t.button.setProperty("Value", 5); }, {5}}),
+    TestSupport::rowName);
 
 TEST_F(UpDown, RepeatsWhileHeldAndStopsOnRelease)
 {
