@@ -466,6 +466,7 @@ TEST_F(NumberBoxTest, BagRoundTripInKeyOrder)
     box->setMousePointer(99);
     box->setEnabled(false);
     box->setEnterAsTab(true);
+    box->setCheckBox(true);
     PropertyBag saved;
     box->WriteProperties(saved);
 

@@ -1,15 +1,9 @@
 // The control frame through a minimal control built on it, as MaskBox and NumberBox are.
 #include <tarnwell/controlframe.h>
 #include <tarnwell/dataobject.h>
-#include <tarnwell/error.h>
-#include <tarnwell/propertybag.h>
 
-#include "common/errorassert.h"
-#include "common/widgetfixture.h"
-#include "shared/commonproperties.h"
+#include "common/testsupport.h"
 #include "shared/twips.h"
-
-#include <gtest/gtest.h>
 
 #include <QCheckBox>
 #include <QImage>
@@ -18,22 +12,15 @@
 #include <QShortcut>
 #include <QSignalSpy>
 
-using namespace Tarnwell;
+#include <functional>
 
-// Readable QStrings in failure output.
-static void PrintTo(const QString &s, std::ostream *os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
+using namespace Tarnwell;
+using TestSupport::propertiesOf;
+using TestSupport::rowName;
 
 namespace {
 
 using Log = std::vector<QString>;
-using K = CommonKey;
-const std::initializer_list<CommonKey> allKeys{
-    K::BackColor, K::Enabled, K::Font, K::Locked, K::MouseIcon, K::BorderStyle, K::ForeColor,
-    K::DisabledColor, K::Alignment, K::OLEDragMode, K::OLEDropMode, K::MousePointer,
-    K::SelectTextOnFocus, K::ToolTip, K::CheckBox, K::Checked, K::NullIfEmpty, K::EnterAsTab};
 
 // Logs its hooks, consumes '#' in handleKeyPress and, when asked, Delete in handleKeyDown.
 class TestBox : public ControlFrame
@@ -43,9 +30,6 @@ public:
     using ControlFrame::Check1;
     using ControlFrame::Text1;
     bool consumeDelete = false;
-    void writeAll(PropertyBag &bag) const { CommonProperties::write(*this, bag, allKeys); }
-    void readAll(const PropertyBag &bag) { BagPlan(*this).common(allKeys).read(bag); }
-    void writeText(const QString &text) { ControlFrame::writeText(text, 0); }
 
     void setTextQuietly(const QString &text)
     {
@@ -130,6 +114,9 @@ protected:
     std::pair<short, short> replaceAscii{-1, -1};
 };
 
+template<typename Row>
+class FrameTable : public FrameTest, public ::testing::WithParamInterface<Row> {};
+
 // --- Key pipeline -------------------------------------------------------------------------
 
 struct KeyRow {
@@ -137,16 +124,13 @@ struct KeyRow {
     QString initialText;
     int cursor;
     Qt::Key key;
-    Qt::KeyboardModifiers modifiers;
-    QString text;
-    short zeroKeyCode;                 // the host zeroes this KeyCode in KeyDown
-    std::pair<short, short> replace;   // the host replaces this KeyAscii in keyPress
-    bool consumeDelete;                // the control consumes Delete in handleKeyDown
+    short zeroKeyCode;               // the host zeroes this KeyCode in KeyDown
+    std::pair<short, short> replace; // the host replaces this KeyAscii in keyPress
+    bool consumeDelete;              // the control consumes Delete in handleKeyDown
     Log expectedLog;
     QString expectedText;
 };
-
-class KeyPipeline : public FrameTest, public ::testing::WithParamInterface<KeyRow> {};
+using KeyPipeline = FrameTable<KeyRow>;
 
 TEST_P(KeyPipeline, HostFirstThenControlThenTextBox)
 {
@@ -158,50 +142,38 @@ TEST_P(KeyPipeline, HostFirstThenControlThenTextBox)
     zeroKeyCode = row.zeroKeyCode;
     replaceAscii = row.replace;
     takeLog();
-
-    QTest::keyPress(box->Text1(), row.key, row.modifiers);
-    QTest::keyRelease(box->Text1(), row.key, row.modifiers);
-
+    QTest::keyPress(box->Text1(), row.key);
+    QTest::keyRelease(box->Text1(), row.key);
     EXPECT_EQ(takeLog(), row.expectedLog);
     EXPECT_EQ(box->Text1()->text(), row.expectedText);
 }
 
 const std::pair<short, short> keep{-1, -1};
-const Qt::KeyboardModifiers none = Qt::NoModifier;
 
 INSTANTIATE_TEST_SUITE_P(
     Keys, KeyPipeline,
     ::testing::Values(
-        KeyRow{"TypedLetter", "", 0, Qt::Key_A, none, "a", -1, keep, false,
-               {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(97)", "Change",
-                "KeyUp(65,0)"},
-               "a"},
-        KeyRow{"HostChangesCharacter", "", 0, Qt::Key_A, none, "a", -1, {'a', 'X'}, false,
-               {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(88)", "Change",
-                "KeyUp(65,0)"},
-               "X"},
-        KeyRow{"HostChangesToBackspace", "xy", 2, Qt::Key_Q, none, "q", -1, {'q', 8}, false,
-               {"KeyDown(81,0)", "hookDown(81)", "keyPress(113)", "hookPress(8)", "Change",
-                "KeyUp(81,0)"},
-               "x"},
-        KeyRow{"HostCancelsCharacter", "", 0, Qt::Key_A, none, "a", -1, {'a', 0}, false,
+        KeyRow{"TypedLetter", "", 0, Qt::Key_A, -1, keep, false,
+               {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(97)", "Change", "KeyUp(65,0)"}, "a"},
+        KeyRow{"HostChangesCharacter", "", 0, Qt::Key_A, -1, {'a', 'X'}, false,
+               {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(88)", "Change", "KeyUp(65,0)"}, "X"},
+        KeyRow{"HostChangesToBackspace", "xy", 2, Qt::Key_Q, -1, {'q', 8}, false,
+               {"KeyDown(81,0)", "hookDown(81)", "keyPress(113)", "hookPress(8)", "Change", "KeyUp(81,0)"}, "x"},
+        KeyRow{"HostCancelsCharacter", "", 0, Qt::Key_A, -1, {'a', 0}, false,
                {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "KeyUp(65,0)"}, ""},
-        KeyRow{"ControlConsumesCharacter", "", 0, Qt::Key_NumberSign, none, "#", -1, keep, false,
-               {"KeyDown(51,0)", "hookDown(51)", "keyPress(35)", "hookPress(35)", "KeyUp(51,0)"},
-               ""},
-        KeyRow{"DeletePassesOn", "xy", 0, Qt::Key_Delete, none, "", -1, keep, false,
+        KeyRow{"ControlConsumesCharacter", "", 0, Qt::Key_NumberSign, -1, keep, false,
+               {"KeyDown(51,0)", "hookDown(51)", "keyPress(35)", "hookPress(35)", "KeyUp(51,0)"}, ""},
+        KeyRow{"DeletePassesOn", "xy", 0, Qt::Key_Delete, -1, keep, false,
                {"KeyDown(46,0)", "hookDown(46)", "Change", "KeyUp(46,0)"}, "y"},
-        KeyRow{"HostZeroesDelete", "xy", 0, Qt::Key_Delete, none, "", 46, keep, false,
-               {"KeyDown(46,0)", "KeyUp(46,0)"}, "xy"},
-        KeyRow{"ControlConsumesDelete", "xy", 0, Qt::Key_Delete, none, "", -1, keep, true,
+        KeyRow{"HostZeroesDelete", "xy", 0, Qt::Key_Delete, 46, keep, false, {"KeyDown(46,0)", "KeyUp(46,0)"}, "xy"},
+        KeyRow{"ControlConsumesDelete", "xy", 0, Qt::Key_Delete, -1, keep, true,
                {"KeyDown(46,0)", "hookDown(46)", "KeyUp(46,0)"}, "xy"},
-        KeyRow{"ZeroedKeyCodeStillTypes", "", 0, Qt::Key_A, none, "a", 65, keep, false,
+        KeyRow{"ZeroedKeyCodeStillTypes", "", 0, Qt::Key_A, 65, keep, false,
                {"KeyDown(65,0)", "keyPress(97)", "hookPress(97)", "Change", "KeyUp(65,0)"}, "a"},
-        KeyRow{"EnterWithoutEnterAsTab", "", 0, Qt::Key_Return, none, "\r", -1, keep, false,
-               {"KeyDown(13,0)", "hookDown(13)", "keyPress(13)", "hookPress(13)", "KeyUp(13,0)"},
-               ""},
-        KeyRow{"TabIsNavigationOnly", "", 0, Qt::Key_Tab, none, "\t", -1, keep, false, {"exit"}, ""}),
-    [](const auto &info) { return std::string(info.param.name); });
+        KeyRow{"EnterWithoutEnterAsTab", "", 0, Qt::Key_Return, -1, keep, false,
+               {"KeyDown(13,0)", "hookDown(13)", "keyPress(13)", "hookPress(13)", "KeyUp(13,0)"}, ""},
+        KeyRow{"TabIsNavigationOnly", "", 0, Qt::Key_Tab, -1, keep, false, {"exit"}, ""}),
+    rowName);
 
 TEST_F(FrameTest, EnterAsTabMovesFocusAndRaisesNoKeyPress)
 {
@@ -235,197 +207,212 @@ TEST_F(FrameTest, EditKeysBeatApplicationShortcutsEvenWhenLocked)
 
 // --- Colours and border -------------------------------------------------------------------
 
-TEST_F(FrameTest, TextColourFollowsEnabled)
-{
-    const QColor red(255, 0, 0), blue(0, 0, 255);
-    struct {
-        const char *name;
-        bool enabled;
-        OleColor fore, disabled;
-        QColor expected;
-    } rows[] = {
-        {"enabled shows ForeColor", true, OleColor::fromRgb(0, 0, 255), OleColor::fromRgb(255, 0, 0), blue},
-        {"disabled shows DisabledColor", false, OleColor::fromRgb(0, 0, 255), OleColor::fromRgb(255, 0, 0), red},
-        {"enabled again restores ForeColor", true, OleColor::fromRgb(0, 0, 255), OleColor::fromRgb(255, 0, 0), blue},
-        {"system text colour from the palette", true, OleColor::WindowText, OleColor::fromRgb(255, 0, 0),
-         box->palette().color(QPalette::Text)},
-    };
-    for (const auto &row : rows) {
-        box->setForeColor(row.fore);
-        box->setDisabledColor(row.disabled);
-        box->setEnabled(row.enabled);
-        EXPECT_EQ(box->Enabled(), row.enabled) << row.name;
-        EXPECT_EQ(box->Text1()->palette().color(QPalette::Text), row.expected) << row.name;
-    }
-    // The same rule when a host goes through QWidget's own setter.
-    static_cast<QWidget *>(box)->setEnabled(false);
-    EXPECT_EQ(box->Text1()->palette().color(QPalette::Text), red);
-    EXPECT_FALSE(box->Check1()->isEnabled());
-}
+// A colour a row expects: a fixed one, or a role of the control's palette in a colour group.
+struct Shade {
+    QColor fixed;
+    QPalette::ColorGroup group = QPalette::Active;
+    QPalette::ColorRole role = QPalette::NoRole;
+    QColor on(const QWidget *w) const { return role == QPalette::NoRole ? fixed : w->palette().color(group, role); }
+};
+const Shade blue{QColor(0, 0, 255)}, red{QColor(255, 0, 0)}, green{QColor(0, 128, 0)};
+const Shade windowText{{}, QPalette::Active, QPalette::Text}, grayText{{}, QPalette::Disabled, QPalette::Text};
+const Shade windowBackground{{}, QPalette::Active, QPalette::Base}, unchecked{};
 
-TEST_F(FrameTest, BackColourPaintsTextBoxAndFrame)
-{
-    box->setBackColor(OleColor::fromRgb(0, 128, 0));
-    EXPECT_EQ(box->Text1()->palette().color(QPalette::Base), QColor(0, 128, 0));
-    // The strip between the border and the text box.
-    const QPoint strip = box->contentsRect().topLeft();
-    EXPECT_EQ(box->grab().toImage().pixelColor(strip), QColor(0, 128, 0));
-    EXPECT_EQ(box->BackColor(), OleColor::fromRgb(0, 128, 0));
-}
+struct ColourRow {
+    const char *name;
+    std::function<void(TestBox &)> set;
+    Shade text, back; // back unchecked: whatever the style gives a disabled box
+};
+using Colours = FrameTable<ColourRow>;
 
-TEST_F(FrameTest, BorderStyleShapesTheFrame)
+// The text box is checked in its palette's current colour group, the one it paints with.
+TEST_P(Colours, TextAndStripFollowEnabledAndTheColourProperties)
 {
-    struct {
-        twBorderStyleConstants style;
-        QFrame::Shape shape;
-        QFrame::Shadow shadow;
-        int frameWidth;
-    } rows[] = {
-        {twNone, QFrame::NoFrame, QFrame::Plain, 0},
-        {twFixedSingle, QFrame::Box, QFrame::Plain, 1},
-        {twFixed3D, QFrame::Panel, QFrame::Sunken, 2},
-    };
-    for (const auto &row : rows) {
-        box->setBorderStyle(row.style);
-        EXPECT_EQ(box->frameShape(), row.shape) << row.style;
-        EXPECT_EQ(box->frameShadow(), row.shadow) << row.style;
-        EXPECT_EQ(box->frameWidth(), row.frameWidth) << row.style;
+    const ColourRow &row = GetParam();
+    row.set(*box);
+    const QPalette text1 = box->Text1()->palette();
+    EXPECT_EQ(text1.color(text1.currentColorGroup(), QPalette::Text), row.text.on(box));
+    if (row.back.fixed.isValid() || row.back.role != QPalette::NoRole) {
+        EXPECT_EQ(text1.color(text1.currentColorGroup(), QPalette::Base), row.back.on(box));
+        // The strip between the border and the text box.
+        EXPECT_EQ(box->grab().toImage().pixelColor(box->contentsRect().topLeft()), row.back.on(box));
     }
 }
+
+void blueOnRed(TestBox &b)
+{
+    b.setForeColor(OleColor::fromRgb(0, 0, 255));
+    b.setDisabledColor(OleColor::fromRgb(255, 0, 0));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Colours,
+    ::testing::Values(
+        ColourRow{"NewControl", [](TestBox &) {}, windowText, windowBackground},
+        ColourRow{"ForeColorWhileEnabled", blueOnRed, blue, windowBackground},
+        ColourRow{"DisabledColorWhileDisabled", [](TestBox &b) { blueOnRed(b); b.setEnabled(false); }, red, unchecked},
+        ColourRow{"ForeColorWhenEnabledAgain",
+                  [](TestBox &b) { blueOnRed(b); b.setEnabled(false); b.setEnabled(true); }, blue, windowBackground},
+        ColourRow{"DefaultDisabledColor", [](TestBox &b) { b.setEnabled(false); }, grayText, unchecked},
+        ColourRow{"DisabledThroughQWidget",
+                  [](TestBox &b) { blueOnRed(b); static_cast<QWidget &>(b).setEnabled(false); }, red, unchecked},
+        ColourRow{"BackColor", [](TestBox &b) { b.setBackColor(OleColor::fromRgb(0, 128, 0)); }, windowText, green},
+        ColourRow{"BackColorWhileDisabled",
+                  [](TestBox &b) { blueOnRed(b); b.setBackColor(OleColor::fromRgb(0, 128, 0)); b.setEnabled(false); },
+                  red, green}),
+    rowName);
 
 // --- Refusals and dirty names -------------------------------------------------------------
 
-TEST_F(FrameTest, BadValuesAreRefusedAndChangeNothing)
-{
-    struct {
-        const char *name;
-        std::function<void()> set;
-        int number;
-    } rows[] = {
-        {"BorderStyle 3", [&] { box->setBorderStyle(twBorderStyleConstants(3)); }, 380},
-        {"Alignment -1", [&] { box->setAlignment(twAlignmentConstants(-1)); }, 380},
-        {"MousePointer 16", [&] { box->setMousePointer(16); }, 380},
-        {"OLEDragMode 2", [&] { box->setOLEDragMode(2); }, 380},
-        {"OLEDropMode 3", [&] { box->setOLEDropMode(3); }, 380},
-        {"SelStart -1", [&] { box->setSelStart(-1); }, 380},
-        {"SelLength -1", [&] { box->setSelLength(-1); }, 380},
-        {"SelText at run time", [&] { box->setSelText("x"); }, 382},
-        {"SelText at design time", [&] { box->setUserMode(false); box->setSelText("x"); }, 387},
-    };
-    for (const auto &row : rows) {
-        box->clearDirty();
-        try {
-            row.set();
-            ADD_FAILURE() << row.name << ": no error";
-        } catch (const Error &e) {
-            EXPECT_EQ(e.number(), row.number) << row.name;
-        }
-        EXPECT_TRUE(box->dirtyProperties().isEmpty()) << row.name;
-    }
-    EXPECT_EQ(box->BorderStyle(), twFixed3D);
-    EXPECT_EQ(box->Alignment(), twRightJustify);
-    EXPECT_EQ(box->MousePointer(), 0);
-}
+struct RefusalRow {
+    std::string name;
+    std::function<void(TestBox &)> set;
+    int number;
+};
+using Refusals = FrameTable<RefusalRow>;
 
-TEST_F(FrameTest, EveryPropertySetByNameMarksItsOwnName)
+TEST_P(Refusals, ThrowTheirNumberAndChangeNothing)
 {
     box->setTextQuietly("hello");
-    struct {
-        const char *property;
-        QVariant value;
-    } rows[] = {
-        {"BackColor", QVariant::fromValue(OleColor(0xFF))},
-        {"ForeColor", QVariant::fromValue(OleColor(0xFF00))},
-        {"DisabledColor", QVariant::fromValue(OleColor(0xFF0000))},
-        {"Enabled", false},
-        {"Font", QFont("DejaVu Sans", 14)},
-        {"BorderStyle", QVariant::fromValue(twFixedSingle)},
-        {"Alignment", QVariant::fromValue(twCenter)},
-        {"Locked", true},
-        {"SelectTextOnFocus", false},
-        {"NullIfEmpty", true},
-        {"EnterAsTab", true},
-        {"ToolTip", "tip"},
-        {"CheckBox", true},
-        {"Checked", false},
-        {"MousePointer", 11},
-        {"OLEDragMode", 1},
-        {"OLEDropMode", 2},
-        {"SelStart", 1},
-        {"SelLength", 3},
-    };
-    for (const auto &row : rows) {
-        box->clearDirty();
-        QSignalSpy spy(box, &ControlFrame::PropertyChanged);
-        EXPECT_TRUE(box->setProperty(row.property, row.value)) << row.property;
-        EXPECT_TRUE(box->isDirty(row.property)) << row.property;
-        ASSERT_GE(spy.count(), 1) << row.property;
-        EXPECT_EQ(spy.last().at(0).toString(), row.property);
-        EXPECT_EQ(box->property(row.property), row.value) << row.property;
-    }
-    EXPECT_EQ(box->SelText(), "ell");
+    box->setSelStart(1);
+    box->setSelLength(2);
+    box->clearDirty();
+    const std::string before = propertiesOf(*box);
+    EXPECT_ERROR(GetParam().set(*box), GetParam().number);
+    EXPECT_EQ(propertiesOf(*box), before);
+    EXPECT_TRUE(box->dirtyProperties().isEmpty());
 }
+
+std::vector<RefusalRow> refusals()
+{
+    std::vector<RefusalRow> rows{
+        {"BorderStyle3", [](TestBox &b) { b.setBorderStyle(twBorderStyleConstants(3)); }, 380},
+        {"AlignmentMinus1", [](TestBox &b) { b.setAlignment(twAlignmentConstants(-1)); }, 380},
+        {"MousePointer16", [](TestBox &b) { b.setMousePointer(16); }, 380},
+        {"OLEDragMode2", [](TestBox &b) { b.setOLEDragMode(2); }, 380},
+        {"OLEDropMode3", [](TestBox &b) { b.setOLEDropMode(3); }, 380},
+        {"SelStartMinus1", [](TestBox &b) { b.setSelStart(-1); }, 380},
+        {"SelLengthMinus1", [](TestBox &b) { b.setSelLength(-1); }, 380},
+        {"SelTextAtRunTime", [](TestBox &b) { b.setSelText("x"); }, 382},
+        {"SelTextAtDesignTime", [](TestBox &b) { b.setUserMode(false); b.setSelText("x"); }, 387},
+    };
+    // By name, as a host or a form loader sets them.
+    for (const char *property : {"BorderStyle", "Alignment"}) {
+        for (const auto &[suffix, value] : TestSupport::badEnumValues)
+            rows.push_back({std::string("ByName") + property + suffix,
+                            [property, value](TestBox &b) { b.setProperty(property, value); }, 380});
+    }
+    return rows;
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Refusals, ::testing::ValuesIn(refusals()), rowName);
+
+struct ByNameRow {
+    const char *name; // the property
+    QVariant value;
+};
+using SetByName = FrameTable<ByNameRow>;
+
+TEST_P(SetByName, MarksTheProperty)
+{
+    box->setTextQuietly("hello");
+    box->clearDirty();
+    QSignalSpy spy(box, &ControlFrame::PropertyChanged);
+    const char *property = GetParam().name;
+    EXPECT_TRUE(box->setProperty(property, GetParam().value));
+    EXPECT_EQ(box->dirtyProperties(), QStringList{property});
+    ASSERT_GE(spy.count(), 1);
+    EXPECT_EQ(spy.last().at(0).toString(), property);
+    EXPECT_EQ(box->property(property), GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, SetByName,
+    ::testing::Values(ByNameRow{"BackColor", QVariant::fromValue(OleColor(0xFF))},
+                      ByNameRow{"ForeColor", QVariant::fromValue(OleColor(0xFF00))},
+                      ByNameRow{"DisabledColor", QVariant::fromValue(OleColor(0xFF0000))},
+                      ByNameRow{"Enabled", false}, ByNameRow{"Font", QFont("DejaVu Sans", 14)},
+                      ByNameRow{"BorderStyle", QVariant::fromValue(twFixedSingle)},
+                      ByNameRow{"Alignment", QVariant::fromValue(twCenter)}, ByNameRow{"Locked", true},
+                      ByNameRow{"SelectTextOnFocus", false}, ByNameRow{"NullIfEmpty", true},
+                      ByNameRow{"EnterAsTab", true}, ByNameRow{"ToolTip", "tip"}, ByNameRow{"CheckBox", true},
+                      ByNameRow{"Checked", false}, ByNameRow{"MousePointer", 11}, ByNameRow{"OLEDragMode", 1},
+                      ByNameRow{"OLEDropMode", 2}, ByNameRow{"SelStart", 1}, ByNameRow{"SelLength", 3}),
+    rowName);
 
 // --- Check box ----------------------------------------------------------------------------
 
-TEST_F(FrameTest, CheckBoxShowsTextWhileTicked)
+enum class Focus { Text1, Check1, Next };
+struct CheckRow {
+    const char *name;
+    bool checkBox, checkedBefore;
+    std::function<void(TestBox &)> act;
+    bool textVisible;
+    Focus focus;
+};
+using CheckBoxes = FrameTable<CheckRow>;
+
+TEST_P(CheckBoxes, TextShowsWhileTicked)
 {
-    const auto click = [this] { QTest::mouseClick(box->Check1(), Qt::LeftButton); };
-    struct {
-        const char *name;
-        bool checkBox, checkedBefore;
-        std::function<void()> act;
-        bool textVisible;
-        QWidget *focus; // null: Text1
-    } rows[] = {
-        {"ticked by mouse: focus into the text", true, false, click, true, nullptr},
-        {"ticked from code: focus stays", true, false, [this] { box->setChecked(true); }, true, next},
-        {"unticked by mouse", true, true, click, false, box->Check1()},
-        {"no check box: text whatever Checked", false, true, [this] { box->setChecked(false); }, true, next},
-    };
-    for (const auto &row : rows) {
-        box->setCheckBox(row.checkBox);
-        box->setChecked(row.checkedBefore);
-        showAndFocus(next);
-        takeLog();
-        row.act();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(box->Checked(), !row.checkedBefore) << row.name;
-        EXPECT_EQ(box->Check1()->isVisible(), row.checkBox) << row.name;
-        EXPECT_EQ(box->Text1()->isVisible(), row.textVisible) << row.name;
-        EXPECT_EQ(QApplication::focusWidget(), row.focus ? row.focus : box->Text1()) << row.name;
-        const Log seen = takeLog();
-        EXPECT_EQ(std::count(seen.begin(), seen.end(), "Change"), 1) << row.name;
-    }
+    const CheckRow &row = GetParam();
+    box->setCheckBox(row.checkBox);
+    box->setChecked(row.checkedBefore);
+    showAndFocus(next);
+    takeLog();
+    row.act(*box);
+    QCoreApplication::processEvents();
+    const auto *check1 = box->findChild<QCheckBox *>("Check1");
+    EXPECT_EQ(box->Checked(), !row.checkedBefore);
+    EXPECT_EQ(check1 && check1->isVisible(), row.checkBox);
+    EXPECT_EQ(box->Text1()->isVisible(), row.textVisible);
+    const QWidget *focus[] = {box->Text1(), check1, next};
+    EXPECT_EQ(QApplication::focusWidget(), focus[int(row.focus)]);
+    const Log seen = takeLog();
+    EXPECT_EQ(std::count(seen.begin(), seen.end(), "Change"), 1);
 }
+
+void clickCheck1(TestBox &b) { QTest::mouseClick(b.Check1(), Qt::LeftButton); }
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, CheckBoxes,
+    ::testing::Values(
+        CheckRow{"TickedByMouseFocusesTheText", true, false, clickCheck1, true, Focus::Text1},
+        CheckRow{"TickedFromCodeLeavesTheFocus", true, false, [](TestBox &b) { b.setChecked(true); }, true, Focus::Next},
+        CheckRow{"UntickedByMouse", true, true, clickCheck1, false, Focus::Check1},
+        CheckRow{"NoCheckBoxShowsTheTextUnticked", false, true, [](TestBox &b) { b.setChecked(false); }, true, Focus::Next}),
+    rowName);
 
 // --- Focus and text change ----------------------------------------------------------------
 
-TEST_F(FrameTest, EnteringSelectsAllOnlyWithSelectTextOnFocus)
+struct EnterRow {
+    const char *name;
+    bool selectTextOnFocus;
+    Qt::FocusReason reason;
+    int selStart, selLength;
+};
+using Entering = FrameTable<EnterRow>;
+
+TEST_P(Entering, SelectsAllOnlyWithSelectTextOnFocus)
 {
-    struct {
-        const char *name;
-        bool selectTextOnFocus;
-        Qt::FocusReason reason;
-        int selStart, selLength;
-    } rows[] = {
-        {"on, from code", true, Qt::OtherFocusReason, 0, 5},
-        {"on, by Tab", true, Qt::TabFocusReason, 0, 5},
-        {"off, from code", false, Qt::OtherFocusReason, 2, 0},
-        {"off, by Tab: the caret stays", false, Qt::TabFocusReason, 2, 0},
-        {"off, by Shift+Tab", false, Qt::BacktabFocusReason, 2, 0},
-    };
+    const EnterRow &row = GetParam();
     box->setTextQuietly("hello");
-    for (const auto &row : rows) {
-        box->setSelectTextOnFocus(row.selectTextOnFocus);
-        showAndFocus(next);
-        box->Text1()->setCursorPosition(2);
-        box->Text1()->setFocus(row.reason);
-        EXPECT_TRUE(box->HasFocus()) << row.name;
-        EXPECT_EQ(box->SelStart(), row.selStart) << row.name;
-        EXPECT_EQ(box->SelLength(), row.selLength) << row.name;
-    }
+    box->setSelectTextOnFocus(row.selectTextOnFocus);
+    showAndFocus(next);
+    box->Text1()->setCursorPosition(2);
+    box->Text1()->setFocus(row.reason);
+    EXPECT_TRUE(box->HasFocus());
+    EXPECT_EQ(box->SelStart(), row.selStart);
+    EXPECT_EQ(box->SelLength(), row.selLength);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Entering,
+    ::testing::Values(EnterRow{"OnFromCode", true, Qt::OtherFocusReason, 0, 5},
+                      EnterRow{"OnByTab", true, Qt::TabFocusReason, 0, 5},
+                      EnterRow{"OffFromCode", false, Qt::OtherFocusReason, 2, 0},
+                      EnterRow{"OffByTabTheCaretStays", false, Qt::TabFocusReason, 2, 0},
+                      EnterRow{"OffByShiftTab", false, Qt::BacktabFocusReason, 2, 0}),
+    rowName);
 
 TEST_F(FrameTest, MovingBetweenInnerWidgetsIsNotLeaving)
 {
@@ -499,39 +486,60 @@ TEST_F(FrameTest, ManualDropRaisesDragEventsAndLeavesTextAlone)
 
 // --- Layout -------------------------------------------------------------------------------
 
-TEST(FrameLayout, CheckBoxTopRoundsHalvesToEven)
+struct TopRow {
+    const char *name;
+    int text, check, top; // twips
+};
+class CheckBoxTop : public ::testing::TestWithParam<TopRow> {};
+
+TEST_P(CheckBoxTop, CentresOnTheTextRoundingHalvesToEven)
 {
-    struct {
-        int text, check, top;
-    } tops[] = {{315, 195, 60}, {180, 195, 0}, {255, 195, 30},
-                // exact halves go to the even pixel: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2
-                {209, 195, 0}, {239, 195, 30}, {269, 195, 30}};
-    for (const auto &t : tops)
-        EXPECT_EQ(Twips::checkBoxTop(t.text, t.check), t.top) << t.text;
+    EXPECT_EQ(Twips::checkBoxTop(GetParam().text, GetParam().check), GetParam().top);
 }
 
-TEST_F(FrameTest, NewFrameSizeAndTextBoxPlacement)
+INSTANTIATE_TEST_SUITE_P(
+    Table, CheckBoxTop,
+    ::testing::Values(TopRow{"TallText", 315, 195, 60}, TopRow{"TextShorterThanTheBox", 180, 195, 0},
+                      TopRow{"Between", 255, 195, 30}, TopRow{"HalfPixelGoesTo0", 209, 195, 0},
+                      TopRow{"OneAndAHalfGoTo2", 239, 195, 30}, TopRow{"TwoAndAHalfGoTo2", 269, 195, 30}),
+    rowName);
+
+// Text1 in a frame of the default 1650 x 315 twips (110 x 21 pixels).
+struct LayoutRow {
+    const char *name;
+    twBorderStyleConstants style;
+    bool checkBox;
+    int frameWidth;
+    QRect text; // in the frame's coordinates
+};
+using Layout = FrameTable<LayoutRow>;
+
+TEST_P(Layout, BorderAndCheckBoxPlaceTheTextBox)
+{
+    box->setBorderStyle(GetParam().style);
+    box->setCheckBox(GetParam().checkBox);
+    EXPECT_EQ(box->frameWidth(), GetParam().frameWidth);
+    EXPECT_EQ(box->Text1()->geometry(), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Layout,
+    ::testing::Values(
+        // 3-D: inner 106 x 17 from (2,2); width (1590 - 80 - 15) / 15 rounds to 100.
+        LayoutRow{"Fixed3D", twFixed3D, false, 2, QRect(3, 3, 100, 12)},
+        LayoutRow{"Fixed3DWithCheckBox", twFixed3D, true, 2, QRect(19, 3, 84, 12)},
+        // Single: inner 108 x 19; the text box is the inner width less 60 twips.
+        LayoutRow{"FixedSingle", twFixedSingle, false, 1, QRect(2, 2, 104, 16)},
+        LayoutRow{"FixedSingleWithCheckBox", twFixedSingle, true, 1, QRect(18, 2, 88, 16)},
+        LayoutRow{"None", twNone, false, 0, QRect(1, 1, 108, 20)},
+        LayoutRow{"NoneWithCheckBox", twNone, true, 0, QRect(17, 1, 92, 20)}),
+    rowName);
+
+TEST_F(FrameTest, NewFrameHasTheDefaultSizeAndTooSmallOneLeavesNoText)
 {
     EXPECT_EQ(box->size(), QSize(110, 21));
-    window->show();
-    struct {
-        twBorderStyleConstants style;
-        bool checkBox;
-        QRect text; // in the frame's coordinates
-    } rows[] = {
-        // 3-D: inner 106 x 17 from (2,2); width (1590 - 80 - 15) / 15 rounds to 100.
-        {twFixed3D, false, QRect(3, 3, 100, 12)},
-        // Single: inner 108 x 19; the text box is the inner width less 60 twips.
-        {twFixedSingle, false, QRect(2, 2, 104, 16)},
-        {twNone, false, QRect(1, 1, 108, 20)},
-        {twFixedSingle, true, QRect(18, 2, 88, 16)},
-    };
-    for (const auto &row : rows) {
-        box->setBorderStyle(row.style);
-        box->setCheckBox(row.checkBox);
-        EXPECT_EQ(box->Text1()->geometry(), row.text) << row.style << " " << row.checkBox;
-    }
-    box->resize(5, 5); // too small: sizes stop at zero
+    window->show(); // a hidden widget hears of its resize only when shown
+    box->resize(5, 5);
     EXPECT_EQ(box->Text1()->width(), 0);
 }
 
@@ -551,77 +559,31 @@ static int inkRows(QWidget *w)
     return rows;
 }
 
-TEST_F(FrameTest, DefaultSizeTextKeepsCapitalsAndDescenders)
+using DefaultSizeText = FrameTable<int>;
+
+// What the same text needs in a box with room to spare, against what the default-size text box
+// shows: nothing may be cut that its height could have shown.
+TEST_P(DefaultSizeText, KeepsCapitalsAndDescenders)
 {
-    // What the same text needs in a box with room to spare, against what the default-size
-    // text box shows: nothing may be cut that its height could have shown.
     const QString sample = QStringLiteral("HMgjpqy");
     window->show();
-    for (int points : {8, 9, 10, 12}) {
-        QFont font = box->Font();
-        font.setPointSize(points);
-        box->setFont(font);
-        box->setTextQuietly(sample);
-        QLineEdit roomy;
-        roomy.setFrame(false);
-        roomy.setFont(font);
-        roomy.setText(sample);
-        roomy.resize(200, 60);
-        const int needed = inkRows(&roomy);
-        ASSERT_GT(needed, 0) << points;
-        EXPECT_EQ(inkRows(box->Text1()), qMin(needed, box->Text1()->height())) << points << " pt";
-    }
+    QFont font = box->Font();
+    font.setPointSize(GetParam());
+    box->setFont(font);
+    box->setTextQuietly(sample);
+    QLineEdit roomy;
+    roomy.setFrame(false);
+    roomy.setFont(font);
+    roomy.setText(sample);
+    roomy.resize(200, 60);
+    const int needed = inkRows(&roomy);
+    ASSERT_GT(needed, 0);
+    EXPECT_EQ(inkRows(box->Text1()), qMin(needed, box->Text1()->height()));
     box->resize(110, 200); // tall enough again: the plain line, no margins
     EXPECT_EQ(box->Text1()->textMargins(), QMargins());
 }
 
-// --- Persistence --------------------------------------------------------------------------
-
-TEST_F(FrameTest, CommonKeysRoundTripAndDefaultsAreNotStored)
-{
-    PropertyBag bag;
-    box->clearDirty();
-    box->writeAll(bag);
-    EXPECT_TRUE(bag.keys().isEmpty()) << bag.keys().join(",").toStdString();
-
-    box->setBackColor(OleColor::fromRgb(1, 2, 3));
-    box->setBorderStyle(twNone);
-    box->setAlignment(twCenter);
-    box->setCheckBox(true);
-    box->setChecked(false);
-    box->setToolTip("tip");
-    box->setMousePointer(99);
-    box->setEnabled(false);
-    box->setEnterAsTab(true);
-    box->writeAll(bag);
-
-    Log otherLog;
-    TestBox other(window.get(), &otherLog);
-    other.readAll(bag);
-    EXPECT_EQ(other.BackColor(), OleColor::fromRgb(1, 2, 3));
-    EXPECT_EQ(other.BorderStyle(), twNone);
-    EXPECT_EQ(other.Alignment(), twCenter);
-    EXPECT_TRUE(other.CheckBox());
-    EXPECT_FALSE(other.Checked());
-    EXPECT_TRUE(other.Text1()->isHidden());
-    EXPECT_EQ(other.ToolTip(), "tip");
-    EXPECT_EQ(other.MousePointer(), 99);
-    EXPECT_FALSE(other.Enabled());
-    EXPECT_FALSE(other.Check1()->isEnabled());
-    EXPECT_TRUE(other.EnterAsTab());
-    EXPECT_TRUE(other.dirtyProperties().isEmpty()) << "loading marks nothing dirty";
-}
-
-TEST_F(FrameTest, BadBagValueIsRefusedAndChangesNothing)
-{
-    for (const char *key : {"BorderStyle", "Alignment", "MousePointer", "Enabled"}) {
-        PropertyBag bag;
-        bag.WriteProperty("BackColor", qint32(0xFF), qint32(0));
-        bag.WriteProperty(key, QString("left"), qint16(1));
-        EXPECT_EQ(TestSupport::errorOf([&] { box->readAll(bag); }), 380) << key;
-        EXPECT_EQ(box->BackColor(), OleColor::WindowBackground) << key;
-    }
-    EXPECT_EQ(box->BorderStyle(), twFixed3D);
-}
+INSTANTIATE_TEST_SUITE_P(Points, DefaultSizeText, ::testing::Values(8, 9, 10, 12),
+                         [](const auto &info) { return std::to_string(info.param) + "pt"; });
 
 } // namespace
