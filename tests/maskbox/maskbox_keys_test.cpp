@@ -2,8 +2,7 @@
 // the clipboard keys, the host's chance to change or cancel a key, and leaving the box.
 #include <tarnwell/maskbox.h>
 
-#include "common/widgetfixture.h"
-#include "maskengine/maskengine.h"
+#include "common/testsupport.h"
 
 #include <QClipboard>
 #include <QDropEvent>
@@ -14,8 +13,8 @@
 
 #include <random>
 
-
 using Tarnwell::MaskBox;
+using TestSupport::rowName;
 
 namespace {
 
@@ -67,6 +66,9 @@ protected:
     QLineEdit *text1 = nullptr;
 };
 
+template<typename Row>
+class MaskBoxTable : public MaskBoxKeys, public ::testing::WithParamInterface<Row> {};
+
 struct KeyRow {
     const char *name, *mask;
     int charCase;
@@ -76,11 +78,7 @@ struct KeyRow {
     const char *clipboard, *text; // text afterwards
     int caret, changes;
 };
-void PrintTo(const KeyRow &row, std::ostream *os) { *os << row.name; }
-
-class MaskBoxTyping : public MaskBoxKeys, public ::testing::WithParamInterface<KeyRow>
-{
-};
+using MaskBoxTyping = MaskBoxTable<KeyRow>;
 
 TEST_P(MaskBoxTyping, TextCaretAndChanges)
 {
@@ -109,28 +107,13 @@ INSTANTIATE_TEST_SUITE_P(
         KeyRow{"CtrlXSwallowed", "##/##", 0, "1234", 0, 5, "\x18", "", "12/34", 5, 0},
         KeyRow{"NoMaskUpper", "", 1, "", 0, 0, "ab1", "", "AB1", 3, 3},
         KeyRow{"NoMaskLowerAccented", "", 2, "", 0, 0, "\xc9", "", "\xe9", 1, 1}),
-    [](const auto &info) { return std::string(info.param.name); });
+    rowName);
 
 TEST_F(MaskBoxKeys, CtrlCCopiesTheSelection)
 {
     prepare("##/##", 0, "1234", 0, 5);
     press(text1, "\x03");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("12/34"));
-}
-
-// The host's handlers run first: KeyDown may cancel Delete, keyPress may change or cancel a key.
-TEST_F(MaskBoxKeys, HostHandlersRunFirst)
-{
-    prepare("##/##", 0, "1234", 2, 0);
-    QObject::connect(box, &MaskBox::KeyDown,
-                     [](short &code, short &) { code = code == 46 ? 0 : code; });
-    QObject::connect(box, &MaskBox::keyPress,
-                     [](short &k) { k = k == 'x' ? '7' : k == 8 ? 0 : k; });
-    press(text1, "\x7f\b");
-    EXPECT_EQ(box->Text(), QStringLiteral("12/34"));
-    box->setValue(QString());
-    press(text1, "x");
-    EXPECT_EQ(box->Text(), QStringLiteral("7 /  "));
 }
 
 // Text pasted past the mask (Shift+Insert) reads safely while it stands and is brought back to
@@ -140,11 +123,7 @@ struct LeaveRow {
     int charCase;
     const char *pasted, *valueWhilePasted, *textAfterLeaving;
 };
-void PrintTo(const LeaveRow &row, std::ostream *os) { *os << row.name; }
-
-class MaskBoxLeaving : public MaskBoxKeys, public ::testing::WithParamInterface<LeaveRow>
-{
-};
+using MaskBoxLeaving = MaskBoxTable<LeaveRow>;
 
 TEST_P(MaskBoxLeaving, NormalisesWithoutChange)
 {
@@ -170,35 +149,80 @@ INSTANTIATE_TEST_SUITE_P(
         LeaveRow{"WrongClassClearsToBlank", "##/##", 0, "ab/cd", "abcd", "  /  "},
         LeaveRow{"CaseApplied", "@@/@@", 1, "ab/cd", "ABCD", "AB/CD"},
         LeaveRow{"NoMaskUntouched", "", 1, "ab c", "ab c", "ab c"}),
-    [](const auto &info) { return std::string(info.param.name); });
+    rowName);
 
-// Text that bypasses the keys: an input method's committed characters pass the host's keyPress
-// and CharCase like typed ones (through the mask when there is one); a drop onto a box without
-// the focus is brought back to the mask at once.
-TEST_F(MaskBoxKeys, InputMethodCommitIsTyped)
+// Text that comes without keys: an input method's committed characters pass the host's keyPress
+// (which here cancels '!' and turns '~' into '-') and CharCase like typed ones, through the mask
+// when there is one; a program's insert on Text1 stays as it is. A Locked box takes neither.
+enum class Via { InputMethod, Insert };
+struct ArrivingRow {
+    const char *name, *mask;
+    int charCase;
+    bool locked;
+    const char *value; // before, the caret at `start`
+    int start;
+    Via via;
+    const char *arriving, *text;
+};
+using ArrivingText = MaskBoxTable<ArrivingRow>;
+
+TEST_P(ArrivingText, IsTypedUnlessLocked)
 {
-    struct Row {
-        const char *mask;
-        int charCase;
-        const char *committed, *text;
-    };
-    QObject::connect(box, &MaskBox::keyPress, [](short &k) { k = k == '!' ? 0 : k; });
-    for (const Row &row : {Row{"##/##", 0, "1x2", "12/  "}, Row{"", 1, "ab!c", "ABC"},
-                           Row{"@@@", 2, "A!B", "ab "}}) {
-        prepare(row.mask, row.charCase, "", 0, 0);
+    const ArrivingRow &row = GetParam();
+    QObject::connect(box, &MaskBox::keyPress, [](short &k) { k = k == '!' ? 0 : k == '~' ? '-' : k; });
+    prepare(row.mask, row.charCase, row.value, row.start, 0);
+    box->setLocked(row.locked);
+    const QString arriving = QString::fromLatin1(row.arriving);
+    if (row.via == Via::Insert) {
+        text1->insert(arriving);
+    } else {
         QInputMethodEvent commit;
-        commit.setCommitString(QString::fromLatin1(row.committed));
+        commit.setCommitString(arriving);
         QCoreApplication::sendEvent(text1, &commit);
-        EXPECT_EQ(box->Text(), QString::fromLatin1(row.text)) << row.committed;
     }
+    EXPECT_EQ(box->Text(), QString::fromLatin1(row.text));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ArrivingText,
+    ::testing::Values(
+        ArrivingRow{"MaskedDigits", "##/##", 0, false, "", 0, Via::InputMethod, "1x2", "12/  "},
+        ArrivingRow{"MaskedLowerCaseAndCancelled", "@@@", 2, false, "", 0, Via::InputMethod, "A!B", "ab "},
+        ArrivingRow{"UpperCaseAndCancelled", "", 1, false, "q", 1, Via::InputMethod, "ab!c", "qABC"},
+        ArrivingRow{"HostChangesACharacter", "", 0, false, "q", 1, Via::InputMethod, "a~b", "qa-b"},
+        ArrivingRow{"ProgramInsertKept", "", 1, false, "q", 1, Via::Insert, "ab", "qab"},
+        ArrivingRow{"LockedTakesNoInputMethodText", "", 0, true, "q", 1, Via::InputMethod, "ab", "q"},
+        ArrivingRow{"LockedTakesNoProgramInsert", "", 0, true, "q", 1, Via::Insert, "ab", "q"},
+        ArrivingRow{"LockedMaskedTakesNoInputMethodText", "##", 0, true, "1", 1, Via::InputMethod, "2", "1 "}),
+    rowName);
+
+// Whether `text` fits a mask described position by position, apart from the engine: 9 a digit,
+// A a letter, X either, * anything (each of them may be blank), any other character itself.
+bool fits(const QString &text, const QString &shape)
+{
+    if (text.size() != shape.size())
+        return false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i].unicode(), s = shape[i].unicode();
+        const bool digit = c >= '0' && c <= '9', letter = (c | 0x20) >= 'a' && (c | 0x20) <= 'z';
+        const bool ok = s == '9' ? digit || c == ' '
+                      : s == 'A' ? letter || c == ' '
+                      : s == 'X' ? digit || letter || c == ' '
+                                 : s == '*' || c == s;
+        if (!ok)
+            return false;
+    }
+    return true;
 }
 
 // Whatever arrives by keys, pastes, input methods and setters, nothing crashes and leaving the
 // box leaves either nothing or a text that fits the mask.
 TEST_F(MaskBoxKeys, RandomInputEndsInsideTheMask)
 {
-    const QStringList masks{QStringLiteral("(###) ###-####"), QStringLiteral("&&-??"),
-                            QStringLiteral("@#\\&"), QString()};
+    const std::pair<QString, QString> masks[] = {{"(###) ###-####", "(999) 999-9999"},
+                                                 {"&&-??", "**-XX"},
+                                                 {"@#\\&", "A9&"},
+                                                 {"", ""}};
     const QStringList pastes{QStringLiteral("12a"), QStringLiteral("\t\x1e" "9"),
                              QString(300, QLatin1Char('7')), QStringLiteral("(\u20ac) \u00e9")};
     const int keys[] = {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left, Qt::Key_End,
@@ -207,7 +231,8 @@ TEST_F(MaskBoxKeys, RandomInputEndsInsideTheMask)
     auto pick = [&random](int n) { return int(random() % unsigned(n)); };
     for (int round = 0; round < 40; ++round) {
         text1->setFocus();
-        box->setMask(masks[pick(4)]);
+        const auto &[mask, shape] = masks[pick(4)];
+        box->setMask(mask);
         for (int step = 0; step < 25; ++step) {
             const QString paste = pastes[pick(4)];
             QInputMethodEvent commit;
@@ -239,11 +264,8 @@ TEST_F(MaskBoxKeys, RandomInputEndsInsideTheMask)
         other->setFocus();
         QApplication::processEvents();
         const QString text = box->Text();
-        // Every literal in place and every input character of its class.
-        const Tarnwell::MaskEngine engine(box->Mask());
-        if (!text.isEmpty()) {
-            EXPECT_EQ(engine.FormatMaskValue(engine.ExtractMaskValue(text, 0)), text)
-                << box->Mask().toStdString() << " " << text.toStdString();
+        if (!mask.isEmpty() && !text.isEmpty()) {
+            EXPECT_TRUE(fits(text, shape)) << mask.toStdString() << " [" << text.toStdString() << "]";
         }
     }
 }
