@@ -1,8 +1,7 @@
 #pragma once
-// What every test executable shares: readable failure output for the Qt and Tarnwell value types,
-// the error-number assertions, names for the rows of parameterised tables, the pinned locales,
-// a snapshot of a control's properties and, for the widget suites, a fixture that puts widgets on
-// a shown, active window.
+// What every test executable shares: readable failure output, the error-number checks, names for
+// the rows of parameterised tables, the pinned locales, a snapshot of an object's properties and,
+// for the widget suites, a fixture that puts widgets on a shown, active window.
 #include <tarnwell/error.h>
 #include <tarnwell/olecolor.h>
 
@@ -13,59 +12,37 @@
 #include <QMetaProperty>
 #include <QPixmap>
 #include <QRect>
-#include <QString>
 #include <QVariant>
 
+#include <climits>
 #include <concepts>
-#include <ostream>
 #include <string>
 #include <string_view>
 
 #ifndef TARNWELL_TEST_WITHOUT_WIDGETS
 #include <QApplication>
 #include <QTest>
-#include <QWidget>
 
 #include <memory>
 #endif
 
-// --- Printers -----------------------------------------------------------------------------------
-// Templates, so that a suite with its own printer for one of these types still compiles and its
-// own (an exact, non-template match) is the one used.
-
+// Printers. Templates, so that a suite's own printer for one of these types (an exact match) wins
+// instead of clashing.
 template<std::same_as<QString> T>
-void PrintTo(const T &s, std::ostream *os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
-
-template<std::same_as<QChar> T>
-void PrintTo(const T &c, std::ostream *os)
-{
-    *os << "U+" << std::hex << c.unicode() << std::dec << " '" << QString(c).toStdString() << '\'';
-}
-
+void PrintTo(const T &s, std::ostream *os) { *os << '"' << s.toStdString() << '"'; }
 template<std::same_as<QColor> T>
-void PrintTo(const T &c, std::ostream *os)
-{
-    *os << "QColor(" << c.name(QColor::HexArgb).toStdString() << ')';
-}
-
+void PrintTo(const T &c, std::ostream *os) { *os << "QColor(" << c.name(QColor::HexArgb).toStdString() << ')'; }
 template<std::same_as<QRect> T>
 void PrintTo(const T &r, std::ostream *os)
 {
     *os << "QRect(" << r.x() << ',' << r.y() << ' ' << r.width() << 'x' << r.height() << ')';
 }
-
 namespace Tarnwell {
 template<std::same_as<OleColor> T>
-void PrintTo(const T &c, std::ostream *os)
-{
-    *os << "OleColor(0x" << std::hex << c.value() << std::dec << ')';
-}
+void PrintTo(const T &c, std::ostream *os) { *os << "OleColor(0x" << std::hex << c.value() << std::dec << ')'; }
 } // namespace Tarnwell
 
-// The kind and the value: a value that changed kind but not text does not pass unseen.
+// The kind and the value, so that a value that changed kind but not text shows.
 template<std::same_as<QVariant> T>
 void PrintTo(const T &value, std::ostream *os)
 {
@@ -75,26 +52,21 @@ void PrintTo(const T &value, std::ostream *os)
         return;
     }
     *os << v.metaType().name() << '(';
-    if (v.metaType() == QMetaType::fromType<Tarnwell::OleColor>()) {
+    if (v.metaType() == QMetaType::fromType<Tarnwell::OleColor>())
         Tarnwell::PrintTo(v.value<Tarnwell::OleColor>(), os);
-    } else if (v.metaType() == QMetaType::fromType<QPixmap>()) {
-        const QPixmap pixmap = v.value<QPixmap>();
-        *os << pixmap.width() << 'x' << pixmap.height() << " #" << pixmap.cacheKey();
-    } else {
+    else if (v.metaType() == QMetaType::fromType<QPixmap>())
+        *os << v.value<QPixmap>().width() << 'x' << v.value<QPixmap>().height() << " #" << v.value<QPixmap>().cacheKey();
+    else
         *os << v.toString().toStdString();
-    }
     *os << ')';
 }
 
 namespace TestSupport {
 
-// --- Locales ------------------------------------------------------------------------------------
 // The test main pins the default locale to enUS; tables name the others they need.
 inline const QLocale enUS(QLocale::English, QLocale::UnitedStates);
 inline const QLocale deDE(QLocale::German, QLocale::Germany);
 inline const QLocale frFR(QLocale::French, QLocale::France);
-
-// --- Errors -------------------------------------------------------------------------------------
 
 // The error number `call` throws, 0 when it returns.
 int errorOf(auto &&call)
@@ -118,30 +90,26 @@ void expectOutcome(auto &&call, int error, const Expected &expected)
     }
 }
 
-// --- Tables -------------------------------------------------------------------------------------
-
-// Names a parameterised test's row after its `name`, made one CamelCase word ("typing over
-// everything" becomes TypingOverEverything), as test names must be.
+// Names a parameterised test's row after its `name`, made the one CamelCase word a test name
+// must be ("typing over everything" becomes TypingOverEverything).
 inline constexpr auto rowName = [](const auto &info) {
     std::string out;
     bool wordStart = true;
     for (const char c : std::string_view(info.param.name)) {
         const bool alnum = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-        if (!alnum && c != '_') {
-            wordStart = true;
-            continue;
-        }
-        out += wordStart && c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c;
-        wordStart = false;
+        if (alnum || c == '_')
+            out += wordStart && c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c;
+        wordStart = !alnum && c != '_';
     }
     return out;
 };
 
-// --- Controls -----------------------------------------------------------------------------------
+// Values outside every enumeration property's constants, each with a name for its row.
+inline const std::pair<const char *, int> badEnumValues[] = {
+    {"Minus1", -1}, {"Is255", 255}, {"Is1000", 1000}, {"IntMin", INT_MIN}};
 
-// Every readable property of an object, one "name=kind(value)" line each, so that a refused
-// call can be checked to have left the object exactly as it was (a failure shows the lines that
-// differ).
+// Every readable property of an object, one "name=kind(value)" line each: a refused call must
+// leave this unchanged (a failure shows the lines that differ).
 inline std::string propertiesOf(const QObject &object)
 {
     std::string lines;
@@ -188,9 +156,8 @@ protected:
     std::unique_ptr<QWidget> window;
 };
 
-// The same for a parameterised table of rows.
+// The same for a table of rows.
 template<typename Row>
-class WidgetTable : public WidgetFixture, public ::testing::WithParamInterface<Row>
-{};
+class WidgetTable : public WidgetFixture, public ::testing::WithParamInterface<Row> {};
 
 #endif

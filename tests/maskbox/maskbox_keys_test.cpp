@@ -118,11 +118,7 @@ TEST_F(MaskBoxKeys, CtrlCCopiesTheSelection)
 
 // Text pasted past the mask (Shift+Insert) reads safely while it stands and is brought back to
 // the mask on leaving, without a Change.
-struct LeaveRow {
-    const char *name, *mask;
-    int charCase;
-    const char *pasted, *valueWhilePasted, *textAfterLeaving;
-};
+struct LeaveRow { const char *name, *mask; int charCase; const char *pasted, *valueWhilePasted, *textAfterLeaving; };
 using MaskBoxLeaving = MaskBoxTable<LeaveRow>;
 
 TEST_P(MaskBoxLeaving, NormalisesWithoutChange)

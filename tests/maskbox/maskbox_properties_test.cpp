@@ -62,12 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // Every refusal throws its number and leaves every property, kinds included, and the events as
 // they were.
-struct RefusalRow {
-    std::string name;
-    bool designTime;
-    std::function<void(MaskBox &)> action;
-    int number;
-};
+struct RefusalRow { std::string name; bool designTime; std::function<void(MaskBox &)> action; int number; };
 
 class MaskBoxRefusal : public ::testing::TestWithParam<RefusalRow> {};
 
@@ -131,11 +126,7 @@ TEST(MaskBoxValue, RefusedByTheHostChangesNothing)
     EXPECT_EQ(box.Text(), QStringLiteral("12"));
 }
 
-struct MaskRow {
-    const char *name;
-    bool designTime;
-    const char *oldMask, *value, *newMask, *text;
-};
+struct MaskRow { const char *name; bool designTime; const char *oldMask, *value, *newMask, *text; };
 
 class MaskBoxMask : public ::testing::TestWithParam<MaskRow> {};
 

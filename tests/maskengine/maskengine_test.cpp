@@ -15,19 +15,16 @@ const QString ControlLiteral = QStringLiteral("#") + QChar(2) + QStringLiteral("
 
 using TestSupport::rowName;
 
-// ---------------------------------------------------------------------------------------------
 struct ParseRow
 {
     const char *name;
-    friend void PrintTo(const ParseRow &row, std::ostream *os) { *os << row.name; }
     QString mask;
     std::vector<qint16> kinds; // without the leading count
     int inputs;
     QString blank;
 };
 
-class ParseMaskTest : public testing::TestWithParam<ParseRow>
-{};
+class ParseMaskTest : public testing::TestWithParam<ParseRow> {};
 
 TEST_P(ParseMaskTest, CompilesKindsAndTemplate)
 {
@@ -64,18 +61,9 @@ INSTANTIATE_TEST_SUITE_P(Masks, ParseMaskTest, testing::Values(
     ParseRow{"LiteralAbove7FFF", QString(QChar(0xFF03)), {qint16(0xFF03)}, 0, QString(QChar(0xFF03))}),
     rowName);
 
-// ---------------------------------------------------------------------------------------------
-struct AcceptRow
-{
-    const char *name;
-    friend void PrintTo(const AcceptRow &row, std::ostream *os) { *os << row.name; }
-    int kind;
-    QChar c;
-    bool accepted;
-};
+struct AcceptRow { const char *name; int kind; QChar c; bool accepted; };
 
-class AcceptsTest : public testing::TestWithParam<AcceptRow>
-{};
+class AcceptsTest : public testing::TestWithParam<AcceptRow> {};
 
 TEST_P(AcceptsTest, Classifies)
 {
@@ -92,21 +80,17 @@ INSTANTIATE_TEST_SUITE_P(Classes, AcceptsTest, testing::Values(
     AcceptRow{"EitherTab", 3, u'\t', false}, AcceptRow{"LiteralKindTakesNothing", 35, u'#', false}),
     rowName);
 
-// ---------------------------------------------------------------------------------------------
 struct ConvertRow
 {
     const char *name;
-    friend void PrintTo(const ConvertRow &row, std::ostream *os) { *os << row.name; }
     QString mask;
     QString in;
     int charCase; // extraction only
     QString out;
 };
 
-class FormatTest : public testing::TestWithParam<ConvertRow>
-{};
-class ExtractTest : public testing::TestWithParam<ConvertRow>
-{};
+class FormatTest : public testing::TestWithParam<ConvertRow> {};
+class ExtractTest : public testing::TestWithParam<ConvertRow> {};
 
 TEST_P(FormatTest, BuildsShownText)
 {
@@ -151,7 +135,6 @@ INSTANTIATE_TEST_SUITE_P(Values, ExtractTest, testing::Values(
     ConvertRow{"LoneBackslashMask", "\\", "xyz", 1, ""}),
     rowName);
 
-// ---------------------------------------------------------------------------------------------
 enum class Op { Type, Delete, Backspace };
 
 struct EditRow
@@ -169,13 +152,7 @@ struct EditRow
     bool locked = false;
 };
 
-std::ostream &operator<<(std::ostream &os, const EditRow &row)
-{
-    return os << row.name;
-}
-
-class EditTest : public testing::TestWithParam<EditRow>
-{};
+class EditTest : public testing::TestWithParam<EditRow> {};
 
 TEST_P(EditTest, EditsOrRefusesWhole)
 {
@@ -245,41 +222,6 @@ INSTANTIATE_TEST_SUITE_P(Edits, EditTest, testing::Values(
     EditRow{"BackspaceOnlyLiteralsLeft", "(###)", "(123)", 1, 0, Op::Backspace, {}, {}, 0, false},
     EditRow{"BackspaceSelection", "##/##", "12/34", 0, 5, Op::Backspace, {}, "  /  ", 0, true},
     EditRow{"BackspaceAtEndPastTrailingLiteral", "(###)", "(123)", 5, 0, Op::Backspace, {}, "(12 )", 3, true}),
-    rowName);
-
-// Typing a whole value from the blank template, as DateBox and TimeBox users do: the caret
-// must hop the literals after each field.
-struct SequenceRow
-{
-    const char *name;
-    friend void PrintTo(const SequenceRow &row, std::ostream *os) { *os << row.name; }
-    QString mask;
-    QString keys;
-    std::vector<int> carets;
-    QString finalText;
-};
-
-class TypingSequenceTest : public testing::TestWithParam<SequenceRow>
-{};
-
-TEST_P(TypingSequenceTest, CaretFollowsTheFields)
-{
-    const SequenceRow &row = GetParam();
-    MaskEngine engine;
-    MaskEditState state{engine.ParseMask(row.mask), 0, 0, false};
-    ASSERT_EQ(row.keys.size(), qsizetype(row.carets.size()));
-    for (qsizetype i = 0; i < row.keys.size(); ++i) {
-        ASSERT_TRUE(engine.EditMaskedText(state, QStringView(row.keys).mid(i, 1)).accepted) << "key " << i;
-        EXPECT_EQ(state.selStart, row.carets[size_t(i)]) << "key " << i;
-    }
-    EXPECT_EQ(state.text, row.finalText);
-    EXPECT_FALSE(engine.EditMaskedText(state, u"1").accepted); // now full
-}
-
-INSTANTIATE_TEST_SUITE_P(Sequences, TypingSequenceTest, testing::Values(
-    SequenceRow{"Phone", Phone, "5551234567", {2, 3, 6, 7, 8, 10, 11, 12, 13, 14}, "(555) 123-4567"},
-    SequenceRow{"Date", "##/##/####", "31122024", {1, 3, 4, 6, 7, 8, 9, 10}, "31/12/2024"},
-    SequenceRow{"Time", Time, "123456", {1, 3, 4, 6, 7, 8}, "12:34:56 AM"}),
     rowName);
 
 } // namespace

@@ -18,12 +18,7 @@ qint64 parse(const char *text, const QLocale &locale = enUS)
     return Currency::parse(QString::fromUtf8(text), locale).raw();
 }
 
-struct RawRow {
-    const char *name;
-    std::function<qint64()> call;
-    qint64 raw;
-    int error;
-};
+struct RawRow { const char *name; std::function<qint64()> call; qint64 raw; int error; };
 
 class CurrencyRaw : public testing::TestWithParam<RawRow> {};
 
@@ -64,12 +59,7 @@ INSTANTIATE_TEST_SUITE_P(Arithmetic, CurrencyRaw, testing::Values(
            [] { return Currency::fromDecimal(Decimal::parse("-0.00015", QLocale::c())).raw(); }, -2, 0}),
     rowName);
 
-struct TextRow {
-    const char *name;
-    qint64 raw;
-    QLocale locale;
-    const char *expected;
-};
+struct TextRow { const char *name; qint64 raw; QLocale locale; const char *expected; };
 
 class CurrencyToString : public testing::TestWithParam<TextRow> {};
 

@@ -1,8 +1,6 @@
 #include "common/testsupport.h"
 #include "platform/dateformat.h"
 
-#include <gtest/gtest.h>
-
 using Tarnwell::Date;
 using Tarnwell::DateFormat;
 

@@ -87,12 +87,7 @@ QString order(const char *a, const char *b)
     return o < 0 ? u"<"_qs : (o > 0 ? u">"_qs : u"="_qs);
 }
 
-struct OpRow {
-    const char *name;
-    std::function<QString()> call;
-    const char *expected;
-    int error;
-};
+struct OpRow { const char *name; std::function<QString()> call; const char *expected; int error; };
 
 class DecimalOp : public testing::TestWithParam<OpRow> {};
 

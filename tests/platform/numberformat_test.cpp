@@ -5,8 +5,6 @@
 #include <tarnwell/decimal.h>
 #include <tarnwell/variant.h>
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 
 using namespace Tarnwell;
@@ -17,13 +15,7 @@ namespace {
 QVariant cur(const char *t) { return QVariant::fromValue(Currency::parse(t, QLocale::c())); }
 QVariant dec(const char *t) { return QVariant::fromValue(Decimal::parse(t, QLocale::c())); }
 
-struct FormatRow {
-    const char *name;
-    QVariant value;
-    const char *pattern;
-    QLocale locale;
-    const char *expected;
-};
+struct FormatRow { const char *name; QVariant value; const char *pattern; QLocale locale; const char *expected; };
 
 class Format : public testing::TestWithParam<FormatRow> {};
 

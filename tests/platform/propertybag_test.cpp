@@ -5,8 +5,6 @@
 #include <tarnwell/olecolor.h>
 #include <tarnwell/propertybag.h>
 
-#include <gtest/gtest.h>
-
 #include <QFont>
 #include <QImage>
 #include <QPixmap>
@@ -38,10 +36,7 @@ QFont sampleFont()
     return font;
 }
 
-struct KindCase {
-    const char *name;
-    std::function<QVariant()> make;
-};
+struct KindCase { const char *name; std::function<QVariant()> make; };
 
 class PropertyBagKinds : public testing::TestWithParam<KindCase> {};
 
@@ -204,11 +199,7 @@ TEST(PropertyBagOrder, ReplacesInPlaceAndRemovesOnDefault)
     EXPECT_TRUE(bag.writeLog().isEmpty());
 }
 
-struct DamageCase {
-    const char *name;
-    const char *text;
-    QStringList keys;
-};
+struct DamageCase { const char *name; const char *text; QStringList keys; };
 
 class PropertyBagJson : public testing::TestWithParam<DamageCase> {};
 

@@ -156,13 +156,7 @@ INSTANTIATE_TEST_SUITE_P(IsNumeric, Convert, testing::Values(
     ConvertRow{"Boolean", To::IsNumeric, true, enUS, "true", 0},
     ConvertRow{"Date", To::IsNumeric, QVariant::fromValue(Date(45000.0)), enUS, "false", 0}), rowName);
 
-struct CompareRow {
-    const char *name;
-    QVariant a;
-    QVariant b;
-    int expected;
-    int error;
-};
+struct CompareRow { const char *name; QVariant a; QVariant b; int expected; int error; };
 
 class Compare : public testing::TestWithParam<CompareRow> {};
 

@@ -26,11 +26,7 @@ void sendContextMenu(QWidget *w)
     QCoreApplication::sendEvent(w, &e);
 }
 
-struct HookRow {
-    const char *name;
-    int installs, removals;
-    bool hooked;
-};
+struct HookRow { const char *name; int installs, removals; bool hooked; };
 
 class ContextMenuHooking : public testing::TestWithParam<HookRow> {};
 

@@ -264,11 +264,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // --- Refusals and dirty names -------------------------------------------------------------
 
-struct RefusalRow {
-    std::string name;
-    std::function<void(TestBox &)> set;
-    int number;
-};
+struct RefusalRow { std::string name; std::function<void(TestBox &)> set; int number; };
 using Refusals = FrameTable<RefusalRow>;
 
 TEST_P(Refusals, ThrowTheirNumberAndChangeNothing)
@@ -384,12 +380,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // --- Focus and text change ----------------------------------------------------------------
 
-struct EnterRow {
-    const char *name;
-    bool selectTextOnFocus;
-    Qt::FocusReason reason;
-    int selStart, selLength;
-};
+struct EnterRow { const char *name; bool selectTextOnFocus; Qt::FocusReason reason; int selStart, selLength; };
 using Entering = FrameTable<EnterRow>;
 
 TEST_P(Entering, SelectsAllOnlyWithSelectTextOnFocus)

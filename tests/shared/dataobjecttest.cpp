@@ -50,11 +50,7 @@ INSTANTIATE_TEST_SUITE_P(Table, DataObjectFormats, testing::Values(
     FormatRow{"Rtf", QString("{\\rtf1}"), DataObject::CFRTF, DataObject::CFRTF, QString("{\\rtf1}")}),
     TestSupport::rowName);
 
-struct RefusalRow {
-    const char *name;
-    std::function<void(DataObject &data, DataObject &dropped)> call;
-    int number;
-};
+struct RefusalRow { const char *name; std::function<void(DataObject &data, DataObject &dropped)> call; int number; };
 
 class DataObjectRefusals : public testing::TestWithParam<RefusalRow> {};
 

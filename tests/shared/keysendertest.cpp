@@ -33,12 +33,7 @@ public:
     std::vector<Stroke> strokes;
 };
 
-struct CharRow {
-    const char *name;
-    QString ch;
-    bool skipRelease, skipPress;
-    std::vector<Stroke> expected;
-};
+struct CharRow { const char *name; QString ch; bool skipRelease, skipPress; std::vector<Stroke> expected; };
 
 class CharKeys : public ::testing::TestWithParam<CharRow> {};
 
@@ -71,12 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
         CharRow{"EmptyString", "", false, false, {}}),
     TestSupport::rowName);
 
-struct VkRow {
-    const char *name;
-    int vk;
-    bool skipRelease, skipPress, notExtended;
-    std::vector<Stroke> expected;
-};
+struct VkRow { const char *name; int vk; bool skipRelease, skipPress, notExtended; std::vector<Stroke> expected; };
 
 class VirtualKeys : public ::testing::TestWithParam<VkRow> {};
 

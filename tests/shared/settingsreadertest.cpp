@@ -24,12 +24,7 @@ protected:
     MemorySettingsStore store;
 };
 
-struct TypeRow {
-    const char *name;
-    int type;
-    QByteArray data;
-    QString expected;
-};
+struct TypeRow { const char *name; int type; QByteArray data; QString expected; };
 
 class ValueTypeRules : public InjectedStore, public ::testing::WithParamInterface<TypeRow> {};
 
@@ -57,11 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
         TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""}),
     TestSupport::rowName);
 
-struct LookupRow {
-    const char *name;
-    SettingsStore::Handle root;
-    QString key, value, expected;
-};
+struct LookupRow { const char *name; SettingsStore::Handle root; QString key, value, expected; };
 
 class Lookups : public InjectedStore, public ::testing::WithParamInterface<LookupRow> {};
 

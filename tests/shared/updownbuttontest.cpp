@@ -28,11 +28,7 @@ public:
     std::vector<int> values; // Value seen by each Change
 };
 
-struct ChangeRow {
-    const char *name;
-    std::function<void(UpDown &)> action;
-    std::vector<int> seen;
-};
+struct ChangeRow { const char *name; std::function<void(UpDown &)> action; std::vector<int> seen; };
 
 class UpDownChanges : public UpDown, public ::testing::WithParamInterface<ChangeRow> {};
 

@@ -3,9 +3,7 @@
 #include "demoform.h"
 #include "eventlog.h"
 
-#include "common/errorassert.h"
-
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #include <QLineEdit>
 #include <QMainWindow>

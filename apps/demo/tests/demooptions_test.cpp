@@ -2,9 +2,7 @@
 // half-understood run.
 #include "demooptions.h"
 
-#include "common/errorassert.h"
-
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 namespace {
 

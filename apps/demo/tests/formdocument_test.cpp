@@ -5,9 +5,7 @@
 #include <tarnwell/error.h>
 #include <tarnwell/propertybag.h>
 
-#include "common/errorassert.h"
-
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #include <QLineEdit>
 
@@ -96,11 +94,7 @@ TEST(FormDocument, EveryFieldOfATypedOrderComesBackIdentical)
     EXPECT_EQ(FormDocument::save(other), saved);
 }
 
-struct BadDocumentRow {
-    const char *name;
-    const char *json;
-    const char *errorPart;
-};
+struct BadDocumentRow { const char *name; const char *json; const char *errorPart; };
 
 // A current document around the given "fields" list.
 #define DOCUMENT(fields) R"({"application": "tarnwell-demo", "version": 1, "fields": )" fields "}"

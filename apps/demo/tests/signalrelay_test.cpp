@@ -3,9 +3,7 @@
 // connection.
 #include "signalrelay.h"
 
-#include "common/errorassert.h"
-
-#include <gtest/gtest.h>
+#include "common/testsupport.h"
 
 #include <QLineEdit>
 #include <QVariant>
@@ -15,9 +13,7 @@
 
 namespace {
 
-struct Opaque {
-    int value = 0;
-};
+struct Opaque { int value = 0; };
 
 class Emitter : public QObject
 {
