@@ -16,18 +16,9 @@ using TestSupport::rowName;
 // Keys of a script: digits, "," ".", "-" and letters as typed; '\b' Backspace; '~' Delete;
 // '^' and 'v' step up and down; '#' a locked box for the rest of the script.
 // Texts mark the caret with '|' and a selection with '[' ... ']'.
-struct Case
-{
-    const char *name;
-    const QLocale &locale;
-    int type;
-    int places;
-    const char *start;
-    const char *keys;
-    const char *expected;
-    int position = twNoCurrency;
-    const char *symbol = "$";
-    const char *increment = "1";
+struct Case {
+    const char *name; const QLocale &locale; int type; int places; const char *start, *keys, *expected;
+    int position = twNoCurrency; const char *symbol = "$"; const char *increment = "1";
 };
 
 std::ostream &operator<<(std::ostream &os, const Case &c) { return os << c.name; }

@@ -405,6 +405,26 @@ INSTANTIATE_TEST_SUITE_P(
                       EnterRow{"OffByShiftTab", false, Qt::BacktabFocusReason, 2, 0}),
     rowName);
 
+// Check1 stands left of the text: Tab goes from the widget before the control to Check1, then
+// Text1, then the widget after; Shift+Tab goes back the same way.
+TEST_F(FrameTest, TabGoesThroughCheck1ThenText1)
+{
+    auto *before = new QLineEdit(window.get());
+    Log otherLog;
+    auto *checked = new TestBox(window.get(), &otherLog);
+    auto *after = new QLineEdit(window.get());
+    before->setObjectName("before");
+    after->setObjectName("after");
+    checked->setCheckBox(true);
+    showAndFocus(before);
+    QStringList order;
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Backtab}) {
+        QTest::keyClick(QApplication::focusWidget(), key, key == Qt::Key_Tab ? Qt::NoModifier : Qt::ShiftModifier);
+        order << QApplication::focusWidget()->objectName();
+    }
+    EXPECT_EQ(order.join(u' '), QStringLiteral("Check1 Text1 after Text1 Check1 before"));
+}
+
 TEST_F(FrameTest, MovingBetweenInnerWidgetsIsNotLeaving)
 {
     box->setCheckBox(true);
