@@ -94,20 +94,17 @@ TEST_P(MaskBoxTyping, TextCaretAndChanges)
 
 const char *Phone = "(###) ###-####";
 
-INSTANTIATE_TEST_SUITE_P(
-    Keys, MaskBoxTyping,
-    ::testing::Values(
-        KeyRow{"PhoneNumber", Phone, 0, "", 0, 0, "5551234567", "", "(555) 123-4567", 14, 10},
-        KeyRow{"FullFieldRefuses", "##/##", 0, "1234", 3, 0, "5", "", "12/34", 3, 0},
-        KeyRow{"ProductUpper", "@@@-####", 1, "", 0, 0, "abc1234", "", "ABC-1234", 8, 7},
-        KeyRow{"PostcodeLower", "@#? #@@", 2, "", 0, 0, "S1A1AA", "", "s1a 1aa", 7, 6},
-        KeyRow{"BackspaceOverLiteral", "##/##", 0, "1234", 3, 0, "\b", "", "13/4 ", 1, 1},
-        KeyRow{"DeleteTakesLiteralAndNext", "##/##", 0, "1234", 2, 0, "\x7f", "", "12/4 ", 2, 1},
-        KeyRow{"CtrlVSwallowed", "##/##", 0, "", 0, 0, "\x16", "99", "  /  ", 0, 0},
-        KeyRow{"CtrlXSwallowed", "##/##", 0, "1234", 0, 5, "\x18", "", "12/34", 5, 0},
-        KeyRow{"NoMaskUpper", "", 1, "", 0, 0, "ab1", "", "AB1", 3, 3},
-        KeyRow{"NoMaskLowerAccented", "", 2, "", 0, 0, "\xc9", "", "\xe9", 1, 1}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Keys, MaskBoxTyping, ::testing::Values(
+    KeyRow{"PhoneNumber", Phone, 0, "", 0, 0, "5551234567", "", "(555) 123-4567", 14, 10},
+    KeyRow{"FullFieldRefuses", "##/##", 0, "1234", 3, 0, "5", "", "12/34", 3, 0},
+    KeyRow{"ProductUpper", "@@@-####", 1, "", 0, 0, "abc1234", "", "ABC-1234", 8, 7},
+    KeyRow{"PostcodeLower", "@#? #@@", 2, "", 0, 0, "S1A1AA", "", "s1a 1aa", 7, 6},
+    KeyRow{"BackspaceOverLiteral", "##/##", 0, "1234", 3, 0, "\b", "", "13/4 ", 1, 1},
+    KeyRow{"DeleteTakesLiteralAndNext", "##/##", 0, "1234", 2, 0, "\x7f", "", "12/4 ", 2, 1},
+    KeyRow{"CtrlVSwallowed", "##/##", 0, "", 0, 0, "\x16", "99", "  /  ", 0, 0},
+    KeyRow{"CtrlXSwallowed", "##/##", 0, "1234", 0, 5, "\x18", "", "12/34", 5, 0},
+    KeyRow{"NoMaskUpper", "", 1, "", 0, 0, "ab1", "", "AB1", 3, 3},
+    KeyRow{"NoMaskLowerAccented", "", 2, "", 0, 0, "\xc9", "", "\xe9", 1, 1}), rowName);
 
 TEST_F(MaskBoxKeys, CtrlCCopiesTheSelection)
 {
@@ -138,14 +135,11 @@ TEST_P(MaskBoxLeaving, NormalisesWithoutChange)
     EXPECT_EQ(changes.count(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Keys, MaskBoxLeaving,
-    ::testing::Values(
-        LeaveRow{"LiteralsRestored", "##/##", 0, "12345", "1245", "12/45"},
-        LeaveRow{"WrongClassClearsToBlank", "##/##", 0, "ab/cd", "abcd", "  /  "},
-        LeaveRow{"CaseApplied", "@@/@@", 1, "ab/cd", "ABCD", "AB/CD"},
-        LeaveRow{"NoMaskUntouched", "", 1, "ab c", "ab c", "ab c"}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Keys, MaskBoxLeaving, ::testing::Values(
+    LeaveRow{"LiteralsRestored", "##/##", 0, "12345", "1245", "12/45"},
+    LeaveRow{"WrongClassClearsToBlank", "##/##", 0, "ab/cd", "abcd", "  /  "},
+    LeaveRow{"CaseApplied", "@@/@@", 1, "ab/cd", "ABCD", "AB/CD"},
+    LeaveRow{"NoMaskUntouched", "", 1, "ab c", "ab c", "ab c"}), rowName);
 
 // Text that comes without keys: an input method's committed characters pass the host's keyPress
 // (which here cancels '!' and turns '~' into '-') and CharCase like typed ones, through the mask
@@ -179,17 +173,15 @@ TEST_P(ArrivingText, IsTypedUnlessLocked)
     EXPECT_EQ(box->Text(), QString::fromLatin1(row.text));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Keys, ArrivingText,
-    ::testing::Values(
-        ArrivingRow{"MaskedDigits", "##/##", 0, false, "", 0, Via::InputMethod, "1x2", "12/  "},
-        ArrivingRow{"MaskedLowerCaseAndCancelled", "@@@", 2, false, "", 0, Via::InputMethod, "A!B", "ab "},
-        ArrivingRow{"UpperCaseAndCancelled", "", 1, false, "q", 1, Via::InputMethod, "ab!c", "qABC"},
-        ArrivingRow{"HostChangesACharacter", "", 0, false, "q", 1, Via::InputMethod, "a~b", "qa-b"},
-        ArrivingRow{"ProgramInsertKept", "", 1, false, "q", 1, Via::Insert, "ab", "qab"},
-        ArrivingRow{"LockedTakesNoInputMethodText", "", 0, true, "q", 1, Via::InputMethod, "ab", "q"},
-        ArrivingRow{"LockedTakesNoProgramInsert", "", 0, true, "q", 1, Via::Insert, "ab", "q"},
-        ArrivingRow{"LockedMaskedTakesNoInputMethodText", "##", 0, true, "1", 1, Via::InputMethod, "2", "1 "}),
+INSTANTIATE_TEST_SUITE_P(Keys, ArrivingText, ::testing::Values(
+    ArrivingRow{"MaskedDigits", "##/##", 0, false, "", 0, Via::InputMethod, "1x2", "12/  "},
+    ArrivingRow{"MaskedLowerCaseAndCancelled", "@@@", 2, false, "", 0, Via::InputMethod, "A!B", "ab "},
+    ArrivingRow{"UpperCaseAndCancelled", "", 1, false, "q", 1, Via::InputMethod, "ab!c", "qABC"},
+    ArrivingRow{"HostChangesACharacter", "", 0, false, "q", 1, Via::InputMethod, "a~b", "qa-b"},
+    ArrivingRow{"ProgramInsertKept", "", 1, false, "q", 1, Via::Insert, "ab", "qab"},
+    ArrivingRow{"LockedTakesNoInputMethodText", "", 0, true, "q", 1, Via::InputMethod, "ab", "q"},
+    ArrivingRow{"LockedTakesNoProgramInsert", "", 0, true, "q", 1, Via::Insert, "ab", "q"},
+    ArrivingRow{"LockedMaskedTakesNoInputMethodText", "##", 0, true, "1", 1, Via::InputMethod, "2", "1 "}),
     rowName);
 
 // Whether `text` fits a mask described position by position, apart from the engine: 9 a digit,

@@ -46,19 +46,16 @@ TEST_P(MaskBoxValue, SetThenRead)
     EXPECT_EQ(value, row.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Properties, MaskBoxValue,
-    ::testing::Values(
-        ValueRow{"PromptOff", "##/##", false, false, false, "12", "12/  ", QStringLiteral("12")},
-        ValueRow{"PromptOn", "##/##", true, false, false, "12", "12/  ", QStringLiteral("12  ")},
-        ValueRow{"InnerSpacesRemoved", "##/##", false, false, false, "1 3", "1 /3 ", QStringLiteral("13")},
-        ValueRow{"NoMaskSpacesRemoved", "", false, false, false, "a b", "a b", QStringLiteral("ab")},
-        ValueRow{"NumberAsText", "###", false, false, false, 42, "42 ", QStringLiteral("42")},
-        ValueRow{"BooleanAsHostText", "&&&&&", true, false, false, true, "True ", QStringLiteral("True ")},
-        ValueRow{"NullUnticksToNull", "##/##", false, true, true, Null, "", Null},
-        ValueRow{"NullUnticksToEmpty", "##/##", false, true, false, Null, "", QVariant()},
-        ValueRow{"NullWithoutCheckBox", "##/##", true, false, true, Null, "  /  ", QStringLiteral("    ")}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Properties, MaskBoxValue, ::testing::Values(
+    ValueRow{"PromptOff", "##/##", false, false, false, "12", "12/  ", QStringLiteral("12")},
+    ValueRow{"PromptOn", "##/##", true, false, false, "12", "12/  ", QStringLiteral("12  ")},
+    ValueRow{"InnerSpacesRemoved", "##/##", false, false, false, "1 3", "1 /3 ", QStringLiteral("13")},
+    ValueRow{"NoMaskSpacesRemoved", "", false, false, false, "a b", "a b", QStringLiteral("ab")},
+    ValueRow{"NumberAsText", "###", false, false, false, 42, "42 ", QStringLiteral("42")},
+    ValueRow{"BooleanAsHostText", "&&&&&", true, false, false, true, "True ", QStringLiteral("True ")},
+    ValueRow{"NullUnticksToNull", "##/##", false, true, true, Null, "", Null},
+    ValueRow{"NullUnticksToEmpty", "##/##", false, true, false, Null, "", QVariant()},
+    ValueRow{"NullWithoutCheckBox", "##/##", true, false, true, Null, "  /  ", QStringLiteral("    ")}), rowName);
 
 // Every refusal throws its number and leaves every property, kinds included, and the events as
 // they were.
@@ -143,13 +140,11 @@ TEST_P(MaskBoxMask, ReformatsOrShowsTheMaskWithChange)
     EXPECT_EQ(changes.count(), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Properties, MaskBoxMask,
-    ::testing::Values(MaskRow{"DigitsMoveToNewLiterals", false, "##/##", "1234", "#-###", "1-234"},
-                      MaskRow{"LettersDoNotFitDigits", false, "@@", "ab", "##", ""},
-                      MaskRow{"ToNoMaskKeepsRaw", false, "##/##", "1234", "", "1234"},
-                      MaskRow{"DesignTimeShowsMask", true, "", "", "(###) ###-####", "(###) ###-####"}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Properties, MaskBoxMask, ::testing::Values(
+    MaskRow{"DigitsMoveToNewLiterals", false, "##/##", "1234", "#-###", "1-234"},
+    MaskRow{"LettersDoNotFitDigits", false, "@@", "ab", "##", ""},
+    MaskRow{"ToNoMaskKeepsRaw", false, "##/##", "1234", "", "1234"},
+    MaskRow{"DesignTimeShowsMask", true, "", "", "(###) ###-####", "(###) ###-####"}), rowName);
 
 QStringList keys(const char *list)
 {

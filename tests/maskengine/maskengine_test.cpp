@@ -58,8 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Masks, ParseMaskTest, testing::Values(
     ParseRow{"TimeWithEscapedA", Time, {1, 1, 58, 1, 1, 58, 1, 1, 32, 65, 77}, 6, "  :  :   AM"},
     ParseRow{"ControlLiteralActsAsPlaceholder", ControlLiteral, {1, 2, 1}, 3, "   "},
     ParseRow{"EscapedControlLiteral", QStringLiteral("\\") + QChar(4), {4}, 1, " "},
-    ParseRow{"LiteralAbove7FFF", QString(QChar(0xFF03)), {qint16(0xFF03)}, 0, QString(QChar(0xFF03))}),
-    rowName);
+    ParseRow{"LiteralAbove7FFF", QString(QChar(0xFF03)), {qint16(0xFF03)}, 0, QString(QChar(0xFF03))}), rowName);
 
 struct AcceptRow { const char *name; int kind; QChar c; bool accepted; };
 
@@ -77,8 +76,7 @@ INSTANTIATE_TEST_SUITE_P(Classes, AcceptsTest, testing::Values(
     AcceptRow{"EitherPunct", 3, u'-', false}, AcceptRow{"EitherAccented", 3, QChar(233), false},
     AcceptRow{"AnyAccented", 4, QChar(233), true}, AcceptRow{"AnyHan", 4, QChar(0x4E2D), true},
     AcceptRow{"AnyTab", 4, u'\t', true}, AcceptRow{"AnyNul", 4, QChar(0), true},
-    AcceptRow{"EitherTab", 3, u'\t', false}, AcceptRow{"LiteralKindTakesNothing", 35, u'#', false}),
-    rowName);
+    AcceptRow{"EitherTab", 3, u'\t', false}, AcceptRow{"LiteralKindTakesNothing", 35, u'#', false}), rowName);
 
 struct ConvertRow
 {
@@ -118,8 +116,7 @@ INSTANTIATE_TEST_SUITE_P(Values, FormatTest, testing::Values(
     ConvertRow{"AccentedInLetter", "@@", QString(QChar(233)), 0, ""},
     ConvertRow{"ControlLiteralMask", ControlLiteral, "1a3", 0, "1a3"},
     ConvertRow{"NoMaskPassesThrough", "", "a\tb", 0, "a\tb"},
-    ConvertRow{"LoneBackslashMaskIsNotEmpty", "\\", "abc", 0, ""}),
-    rowName);
+    ConvertRow{"LoneBackslashMaskIsNotEmpty", "\\", "abc", 0, ""}), rowName);
 
 INSTANTIATE_TEST_SUITE_P(Values, ExtractTest, testing::Values(
     ConvertRow{"UpperCase", "@@/@@", "ab/cd", 1, "ABCD"},
@@ -132,8 +129,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ExtractTest, testing::Values(
     ConvertRow{"NoClassCheck", "##/##", "ab/cd", 0, "abcd"},
     ConvertRow{"SharpSStaysOneCharacter", "&&", QString(QChar(0xDF)) + "a", 1, QString(QChar(0xDF)) + "A"},
     ConvertRow{"NoMaskIgnoresCase", "", "ab", 1, "ab"},
-    ConvertRow{"LoneBackslashMask", "\\", "xyz", 1, ""}),
-    rowName);
+    ConvertRow{"LoneBackslashMask", "\\", "xyz", 1, ""}), rowName);
 
 enum class Op { Type, Delete, Backspace };
 

@@ -130,13 +130,12 @@ INSTANTIATE_TEST_SUITE_P(Typing, NumberBoxKeys, ::testing::Values(
     KeyCase{"DecimalJumpThenOverwrite", twDouble, "12", "|12.00", ".5", "12.5|0", "12.5"},
     KeyCase{"UndoAndCutKeysDoNothing", twDouble, "12", "12|.00", "3ZX", "123|.00", "123"},
     KeyCase{"CtrlVPastesGroupedWithSymbol", twCurrency, "0", "$0.00", "V", "$1,234.5|0", "1234.5", twLeft,
-            "$1,234.5"},
+        "$1,234.5"},
     KeyCase{"ShiftInsertPastes", twDouble, "0", "0.00", "I", "-12|.00", "-12", twNoCurrency, "-12"},
     KeyCase{"ArrowsStepKeepingCaret", twDouble, "999", "999.0|0", "^", "1,000.0|0", "1000"},
     KeyCase{"ButtonsStep", twDouble, "1", "1.00", "uud", "|1.25", "1.25", twNoCurrency, "", "0.25"},
     KeyCase{"ByteStepStopsAtTypeLimit", twByte, "250", "250", "^", "250|", "250", twNoCurrency, "", "10"},
-    KeyCase{"DecimalStepsExactly", twDecimal, "0.1", "0.10", "^^^", "|0.70", "0.7", twNoCurrency, "", "0.2"}),
-    rowName);
+    KeyCase{"DecimalStepsExactly", twDecimal, "0.1", "0.10", "^^^", "|0.70", "0.7", twNoCurrency, "", "0.2"}), rowName);
 
 TEST_F(NumberBoxTest, UpDownClickFocusesTextWithoutSelection)
 {
@@ -523,8 +522,7 @@ TEST_P(NumberBoxLayout, UpDownTakesItsWidthAtTheRight)
 INSTANTIATE_TEST_SUITE_P(Layout, NumberBoxLayout, ::testing::Values(
     LayoutCase{"Fixed3D", twFixed3D, false, QRect(3, 3, 83, 12), QRect(91, 2, 17, 17)},
     LayoutCase{"None", twNone, false, QRect(1, 1, 91, 20), QRect(93, 0, 17, 21)},
-    LayoutCase{"FixedSingleWithCheckBox", twFixedSingle, true, QRect(18, 2, 71, 16), QRect(92, 1, 17, 19)}),
-    rowName);
+    LayoutCase{"FixedSingleWithCheckBox", twFixedSingle, true, QRect(18, 2, 71, 16), QRect(92, 1, 17, 19)}), rowName);
 
 // What a user sees of Enabled, Font and ToolTip on a box with a check box and up-down buttons:
 // the text colour Text1 paints with, which inner widgets are usable, Text1's font, and the tips

@@ -48,22 +48,6 @@ TEST(TextWorkspace, NewTextPutsTheCaretAtTheFront)
     EXPECT_EQ(box.SelStart() * 10 + box.SelLength(), 0);
 }
 
-struct PatternRow { const char *name; int places; bool grouping; const char *expected; };
-
-class BuildFormatString : public testing::TestWithParam<PatternRow> {};
-
-TEST_P(BuildFormatString, FromPlacesAndGrouping)
-{
-    NumberDisplay display(enUS);
-    display.setDecimalPlaces(qint16(GetParam().places));
-    display.setThousandSeparator(GetParam().grouping);
-    EXPECT_EQ(display.BuildFormatString(), QString::fromLatin1(GetParam().expected));
-}
-
-INSTANTIATE_TEST_SUITE_P(Patterns, BuildFormatString, testing::Values(
-    PatternRow{"TwoGrouped", 2, true, "#,##0.00"}, PatternRow{"NoneUngrouped", 0, false, "##0"},
-    PatternRow{"NoneGrouped", 0, true, "#,##0"}, PatternRow{"FourUngrouped", 4, false, "##0.0000"}), rowName);
-
 struct SymbolRow {
     const char *name; int position; const char *symbol; const char *text; int start, length;
     const char *bare; int bareStart, bareLength; int addedStart, addedLength;
@@ -127,8 +111,8 @@ INSTANTIATE_TEST_SUITE_P(Values, FormatValue, testing::Values(
     FormatRow{"empty shows zero", enUS, twCurrency, 2, true, twNoCurrency, "$", QVariant(), "0.00"},
     FormatRow{"byte value", enUS, twByte, 0, true, twNoCurrency, "$", 255, "255"},
     FormatRow{"decimal exact", enUS, twDecimal, 3, true, twNoCurrency, "$",
-              QVariant::fromValue(Decimal::parse(QStringLiteral("1234567890123456789012345.678"), QLocale::c())),
-              "1,234,567,890,123,456,789,012,345.678"}), rowName);
+          QVariant::fromValue(Decimal::parse(QStringLiteral("1234567890123456789012345.678"), QLocale::c())),
+          "1,234,567,890,123,456,789,012,345.678"}), rowName);
 
 using D = NumberDisplay;
 struct RoleRow { const char *name; bool enabled; bool useNegative; QVariant value; D::ColorRole expected; };
@@ -147,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(Roles, ColorRole, testing::Values(
     RoleRow{"ZeroDisabled", false, true, 0, D::DisabledColorRole},
     RoleRow{"NegativeColourOff", true, false, -1, D::ForeColorRole},
     RoleRow{"NegativeZeroDecimal", true, true, QVariant::fromValue(Decimal::parse(QStringLiteral("-0.00"), QLocale::c())),
-            D::ForeColorRole},
+        D::ForeColorRole},
     RoleRow{"Empty", true, true, QVariant(), D::ForeColorRole}), rowName);
 
 } // namespace

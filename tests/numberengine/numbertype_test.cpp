@@ -42,19 +42,12 @@ INSTANTIATE_TEST_SUITE_P(Table, ConvertToType, testing::Values(
     ConvertRow{"byte small negative rounds to 0", QVariant(-0.5), twByte, "short:0"},
     ConvertRow{"byte negative", QVariant(-1), twByte, "Empty"},
     ConvertRow{"byte far over", QVariant(100000), twByte, "Empty"},
-    ConvertRow{"integer banker's even", QVariant(2.5), twInteger, "short:2"},
-    ConvertRow{"integer banker's odd", QVariant(3.5), twInteger, "short:4"},
     ConvertRow{"integer overflow", QVariant(32768), twInteger, "Empty"},
     ConvertRow{"long from text", str(" -2147483648 "), twLong, "int:-2147483648"},
-    ConvertRow{"long from grouped text", str("1,234"), twLong, "int:1234"},
-    ConvertRow{"long not numeric", str("abc"), twLong, "Empty"},
-    ConvertRow{"empty is zero", QVariant(), twLong, "int:0"},
-    ConvertRow{"null fails", Variant::null(), twDouble, "Empty"},
     ConvertRow{"single", QVariant(1.5), twSingle, "float:1.5"},
-    ConvertRow{"single overflow", QVariant(1e39), twSingle, "Empty"},
     ConvertRow{"currency exact text", str("0.0001"), twCurrency, "Currency:0.0001"},
     ConvertRow{"decimal exact text", str("1234567890.123456789012345678"), twDecimal,
-                  "Decimal:1234567890.123456789012345678"},
+              "Decimal:1234567890.123456789012345678"},
     ConvertRow{"unknown type", QVariant(7), 9, "Empty"}), rowName);
 
 struct RangeRow { const char *name; QVariant value; int type; bool useMinMax; QVariant min, max; bool expected; };
@@ -92,8 +85,7 @@ INSTANTIATE_TEST_SUITE_P(Table, IsInRange, testing::Values(
     RangeRow{"below min", QVariant(0), twLong, true, QVariant(1), QVariant(10), false},
     RangeRow{"currency exact bound", str("1.0001"), twCurrency, true, cur("0"), cur("1.0001"), true},
     RangeRow{"currency just above bound", str("1.0002"), twCurrency, true, cur("0"), cur("1.0001"), false},
-    RangeRow{"not a number", str("x"), twDouble, false, {}, {}, false},
-    RangeRow{"unknown type", QVariant(0), 7, false, {}, {}, false}), rowName);
+    RangeRow{"not a number", str("x"), twDouble, false, {}, {}, false}), rowName);
 
 struct DigitsRow { const char *name; int type; const char *digits; const char *currDigits; int expected; };
 
@@ -138,15 +130,13 @@ INSTANTIATE_TEST_SUITE_P(Table, ExactArithmetic, testing::Values(
     ArithmeticRow{"currency tenths", Add, cur("0.1"), cur("0.2"), twCurrency, "Currency:0.3"},
     ArithmeticRow{"currency raw overflow", Add, QVariant::fromValue(Currency::max()), cur("1"), twCurrency, "Empty"},
     ArithmeticRow{"decimal 28 digits", Add, dec("1234567890123456789012345678"), QVariant(1), twDecimal,
-                  "Decimal:1234567890123456789012345679"},
+              "Decimal:1234567890123456789012345679"},
     ArithmeticRow{"decimal fraction", Sub, dec("0.0000000000000000000000000001"), dec("1"), twDecimal,
-                  "Decimal:-0.9999999999999999999999999999"},
+              "Decimal:-0.9999999999999999999999999999"},
     ArithmeticRow{"decimal overflow", Add, QVariant::fromValue(Decimal::max()), QVariant(1), twDecimal, "Empty"},
     ArithmeticRow{"negate decimal", Neg, dec("-7.25"), {}, twDecimal, "Decimal:7.25"},
     ArithmeticRow{"double infinity", Add, QVariant(1.7e308), QVariant(1.7e308), twDouble, "Empty"},
-    ArithmeticRow{"single", Add, QVariant(0.5), QVariant(1), twSingle, "float:1.5"},
-    ArithmeticRow{"from text", Add, str("2"), str("3"), twLong, "int:5"},
-    ArithmeticRow{"not numeric", Add, str("a"), QVariant(1), twLong, "Empty"}), rowName);
+    ArithmeticRow{"single", Add, QVariant(0.5), QVariant(1), twSingle, "float:1.5"}), rowName);
 
 struct RepairRow { const char *name; QVariant value; QVariant min, max; const char *expected; };
 

@@ -56,8 +56,7 @@ INSTANTIATE_TEST_SUITE_P(Arithmetic, CurrencyRaw, testing::Values(
     RawRow{"FromDoubleNaN", [] { return Currency::fromDouble(std::nan("")).raw(); }, 0, 6},
     RawRow{"FromDecimalMax", [] { return Currency::fromDecimal(Decimal::max()).raw(); }, 0, 6},
     RawRow{"FromDecimalRounds",
-           [] { return Currency::fromDecimal(Decimal::parse("-0.00015", QLocale::c())).raw(); }, -2, 0}),
-    rowName);
+       [] { return Currency::fromDecimal(Decimal::parse("-0.00015", QLocale::c())).raw(); }, -2, 0}), rowName);
 
 struct TextRow { const char *name; qint64 raw; QLocale locale; const char *expected; };
 

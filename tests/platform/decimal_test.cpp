@@ -48,13 +48,13 @@ INSTANTIATE_TEST_SUITE_P(Table, DecimalParse, testing::Values(
     ParseRow{"SmallestStep", Tiny, enUS, Tiny, 0},
     ParseRow{"HalfOfSmallestStepIsEven", "0.00000000000000000000000000005", enUS, "0", 0},
     ParseRow{"OneAndAHalfStepsRoundToTwo", "0.00000000000000000000000000015", enUS,
-             "0.0000000000000000000000000002", 0},
+         "0.0000000000000000000000000002", 0},
     ParseRow{"ThirtyDigitsKeepTwentyNine", "1.23456789012345678901234567891", enUS,
-             "1.2345678901234567890123456789", 0},
+         "1.2345678901234567890123456789", 0},
     ParseRow{"NinesCarryIntoTheScale", "9.99999999999999999999999999995", enUS, "10", 0},
     ParseRow{"FarBelowTheSmallestStep", "1e-400", enUS, "0", 0},
     ParseRow{"ManyDigitsRoundOnce", "0.1000000000000000000000000000500000000000000000001", enUS,
-             "0.1000000000000000000000000001", 0},
+         "0.1000000000000000000000000001", 0},
     ParseRow{"GroupsAndBlanks", " 1,234,567.25 ", enUS, "1234567.25", 0},
     ParseRow{"GermanSeparators", "-1.234,5", deDE, "-1234.5", 0},
     ParseRow{"FrenchNarrowSpace", "1\u202F234,5", frFR, "1234.5", 0},
@@ -105,9 +105,9 @@ INSTANTIATE_TEST_SUITE_P(Arithmetic, DecimalOp, testing::Values(
     OpRow{"MaxPlusPointFourRoundsDown", [] { return text(dec(Max) + dec("0.4")); }, Max, 0},
     OpRow{"MaxPlusHalfOverflows", [] { return text(dec(Max) + dec("0.5")); }, nullptr, Error::Overflow},
     OpRow{"FullMantissaLosesOneDecimal", [] { return text(dec("7922816251426433759354395033.5") + dec("0.04")); },
-          "7922816251426433759354395033.5", 0},
+      "7922816251426433759354395033.5", 0},
     OpRow{"CarryPastFullMantissaLosesAnother",
-          [] { return text(dec("7922816251426433759354395033.5") + dec("0.05")); }, "7922816251426433759354395034", 0},
+      [] { return text(dec("7922816251426433759354395033.5") + dec("0.05")); }, "7922816251426433759354395034", 0},
     OpRow{"TimesInteger", [] { return text(dec("1.5") * 3); }, "4.5", 0},
     OpRow{"TimesMinusOne", [] { return text(dec(Max) * -1); }, Min, 0},
     OpRow{"TimesTwoOverflows", [] { return text(dec(Max) * 2); }, nullptr, Error::Overflow},
@@ -144,8 +144,7 @@ INSTANTIATE_TEST_SUITE_P(FromDouble, DecimalOp, testing::Values(
     OpRow{"TooLarge", [] { return text(Decimal::fromDouble(1e29)); }, nullptr, Error::Overflow},
     OpRow{"BelowSmallestStep", [] { return text(Decimal::fromDouble(1e-30)); }, "0", 0},
     OpRow{"Infinity", [] { return text(Decimal::fromDouble(HUGE_VAL)); }, nullptr, Error::Overflow},
-    OpRow{"NotANumber", [] { return text(Decimal::fromDouble(std::nan(""))); }, nullptr, Error::Overflow}),
-    rowName);
+    OpRow{"NotANumber", [] { return text(Decimal::fromDouble(std::nan(""))); }, nullptr, Error::Overflow}), rowName);
 
 INSTANTIATE_TEST_SUITE_P(ToInt64, DecimalOp, testing::Values(
     OpRow{"HalfDown", [] { return text(dec("2.5").toInt64()); }, "2", 0},

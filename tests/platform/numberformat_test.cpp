@@ -35,9 +35,9 @@ INSTANTIATE_TEST_SUITE_P(Grouping, Format, testing::Values(
     FormatRow{"ThousandsScaling", 1234567, "#,##0,", enUS, "1,235"},
     FormatRow{"HugeDoubleKeepsAllDigits", 1e20, "#,##0.00", enUS, "100,000,000,000,000,000,000.00"},
     FormatRow{"CurrencyLimit", cur("922337203685477.5807"), "#,##0.00", enUS,
-              "922,337,203,685,477.58"},
+          "922,337,203,685,477.58"},
     FormatRow{"DecimalLimit", QVariant::fromValue(Decimal::max()), "#,##0", enUS,
-              "79,228,162,514,264,337,593,543,950,335"}), rowName);
+          "79,228,162,514,264,337,593,543,950,335"}), rowName);
 
 INSTANTIATE_TEST_SUITE_P(Rounding, Format, testing::Values(
     FormatRow{"DoubleFromFifteenDigits", 2.675, "0.00", enUS, "2.68"},
@@ -46,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(Rounding, Format, testing::Values(
     FormatRow{"CurrencyTieAway", cur("0.125"), "0.00", enUS, "0.13"},
     FormatRow{"DecimalTieAway", dec("-0.125"), "0.00", enUS, "-0.13"},
     FormatRow{"DecimalBeyondDoublePrecision", dec("0.1000000000000000000000000005"),
-              "0.0000000000000000000000000", enUS, "0.1000000000000000000000000"},
+          "0.0000000000000000000000000", enUS, "0.1000000000000000000000000"},
     FormatRow{"CarryIntoNewDigit", 9.995, "0.00", enUS, "10.00"},
     FormatRow{"CarryIntoGroup", 999999.5, "#,##0", enUS, "1,000,000"},
     FormatRow{"NegativeRoundingToZeroKeepsSign", -0.001, "0.00", enUS, "-0.00"}), rowName);

@@ -29,13 +29,12 @@ TEST_P(OleColorSystem, ResolvesAgainstThePalette)
     EXPECT_EQ(OleColor(c.value).toQColor(palette), palette.color(c.group, c.role));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, OleColorSystem,
-    testing::Values(SystemCase{"WindowBackground", 0x80000005, QPalette::Active, QPalette::Base},
-                    SystemCase{"WindowText", 0x80000008, QPalette::Active, QPalette::Text},
-                    SystemCase{"GrayTextIsDisabledText", 0x80000011, QPalette::Disabled, QPalette::Text},
-                    SystemCase{"UnknownIndexIsText", 0x80000019, QPalette::Active, QPalette::Text},
-                    SystemCase{"FarUnknownIsText", 0xFFFFFFFF, QPalette::Active, QPalette::Text}), TestSupport::rowName);
+INSTANTIATE_TEST_SUITE_P(Table, OleColorSystem, testing::Values(
+    SystemCase{"WindowBackground", 0x80000005, QPalette::Active, QPalette::Base},
+    SystemCase{"WindowText", 0x80000008, QPalette::Active, QPalette::Text},
+    SystemCase{"GrayTextIsDisabledText", 0x80000011, QPalette::Disabled, QPalette::Text},
+    SystemCase{"UnknownIndexIsText", 0x80000019, QPalette::Active, QPalette::Text},
+    SystemCase{"FarUnknownIsText", 0xFFFFFFFF, QPalette::Active, QPalette::Text}), TestSupport::rowName);
 
 TEST(OleColorSystemGroup, FollowsTheCurrentGroup)
 {
@@ -57,11 +56,10 @@ TEST_P(OleColorRgb, RedInTheLowByteBothWays)
     EXPECT_FALSE(OleColor(c.value).isSystem());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, OleColorRgb,
-    testing::Values(RgbCase{"DarkRed", 192, QColor(192, 0, 0)}, RgbCase{"Pink", 0x8080FF, QColor(255, 128, 128)},
-                    RgbCase{"Blue", 0xFF0000, QColor(0, 0, 255)}, RgbCase{"Green", 0x00FF00, QColor(0, 255, 0)},
-                    RgbCase{"Black", 0, Qt::black}, RgbCase{"White", 0xFFFFFF, Qt::white}), TestSupport::rowName);
+INSTANTIATE_TEST_SUITE_P(Table, OleColorRgb, testing::Values(
+    RgbCase{"DarkRed", 192, QColor(192, 0, 0)}, RgbCase{"Pink", 0x8080FF, QColor(255, 128, 128)},
+    RgbCase{"Blue", 0xFF0000, QColor(0, 0, 255)}, RgbCase{"Green", 0x00FF00, QColor(0, 255, 0)},
+    RgbCase{"Black", 0, Qt::black}, RgbCase{"White", 0xFFFFFF, Qt::white}), TestSupport::rowName);
 
 TEST(OleColorFromQColor, TakesAnySpecAndInvalidIsBlack)
 {

@@ -48,16 +48,6 @@ INSTANTIATE_TEST_SUITE_P(Table, ContextMenuHooking, testing::Values(
     HookRow{"Unhooked", 0, 0, false}, HookRow{"Installed", 1, 0, true},
     HookRow{"InstalledTwiceIsOneHook", 2, 1, false}, HookRow{"Removed", 1, 1, false}), TestSupport::rowName);
 
-TEST(ContextMenuHook, KeysStillReachTheWidget)
-{
-    CountingEdit edit;
-    ContextMenuHook::InstallWindowHook(&edit);
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_B, Qt::NoModifier, QStringLiteral("b"));
-    QCoreApplication::sendEvent(&edit, &key);
-    EXPECT_EQ(edit.text(), "b");
-    ContextMenuHook::RemoveWindowHook(&edit);
-}
-
 TEST(ContextMenuHook, SecondWidgetTakesTheSlotAndEachRemovalUnhooksItsOwn)
 {
     auto first = std::make_unique<CountingEdit>();

@@ -150,30 +150,27 @@ TEST_P(KeyPipeline, HostFirstThenControlThenTextBox)
 
 const std::pair<short, short> keep{-1, -1};
 
-INSTANTIATE_TEST_SUITE_P(
-    Keys, KeyPipeline,
-    ::testing::Values(
-        KeyRow{"TypedLetter", "", 0, Qt::Key_A, -1, keep, false,
-               {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(97)", "Change", "KeyUp(65,0)"}, "a"},
-        KeyRow{"HostChangesCharacter", "", 0, Qt::Key_A, -1, {'a', 'X'}, false,
-               {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(88)", "Change", "KeyUp(65,0)"}, "X"},
-        KeyRow{"HostChangesToBackspace", "xy", 2, Qt::Key_Q, -1, {'q', 8}, false,
-               {"KeyDown(81,0)", "hookDown(81)", "keyPress(113)", "hookPress(8)", "Change", "KeyUp(81,0)"}, "x"},
-        KeyRow{"HostCancelsCharacter", "", 0, Qt::Key_A, -1, {'a', 0}, false,
-               {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "KeyUp(65,0)"}, ""},
-        KeyRow{"ControlConsumesCharacter", "", 0, Qt::Key_NumberSign, -1, keep, false,
-               {"KeyDown(51,0)", "hookDown(51)", "keyPress(35)", "hookPress(35)", "KeyUp(51,0)"}, ""},
-        KeyRow{"DeletePassesOn", "xy", 0, Qt::Key_Delete, -1, keep, false,
-               {"KeyDown(46,0)", "hookDown(46)", "Change", "KeyUp(46,0)"}, "y"},
-        KeyRow{"HostZeroesDelete", "xy", 0, Qt::Key_Delete, 46, keep, false, {"KeyDown(46,0)", "KeyUp(46,0)"}, "xy"},
-        KeyRow{"ControlConsumesDelete", "xy", 0, Qt::Key_Delete, -1, keep, true,
-               {"KeyDown(46,0)", "hookDown(46)", "KeyUp(46,0)"}, "xy"},
-        KeyRow{"ZeroedKeyCodeStillTypes", "", 0, Qt::Key_A, 65, keep, false,
-               {"KeyDown(65,0)", "keyPress(97)", "hookPress(97)", "Change", "KeyUp(65,0)"}, "a"},
-        KeyRow{"EnterWithoutEnterAsTab", "", 0, Qt::Key_Return, -1, keep, false,
-               {"KeyDown(13,0)", "hookDown(13)", "keyPress(13)", "hookPress(13)", "KeyUp(13,0)"}, ""},
-        KeyRow{"TabIsNavigationOnly", "", 0, Qt::Key_Tab, -1, keep, false, {"exit"}, ""}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Keys, KeyPipeline, ::testing::Values(
+    KeyRow{"TypedLetter", "", 0, Qt::Key_A, -1, keep, false,
+           {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(97)", "Change", "KeyUp(65,0)"}, "a"},
+    KeyRow{"HostChangesCharacter", "", 0, Qt::Key_A, -1, {'a', 'X'}, false,
+           {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "hookPress(88)", "Change", "KeyUp(65,0)"}, "X"},
+    KeyRow{"HostChangesToBackspace", "xy", 2, Qt::Key_Q, -1, {'q', 8}, false,
+           {"KeyDown(81,0)", "hookDown(81)", "keyPress(113)", "hookPress(8)", "Change", "KeyUp(81,0)"}, "x"},
+    KeyRow{"HostCancelsCharacter", "", 0, Qt::Key_A, -1, {'a', 0}, false,
+           {"KeyDown(65,0)", "hookDown(65)", "keyPress(97)", "KeyUp(65,0)"}, ""},
+    KeyRow{"ControlConsumesCharacter", "", 0, Qt::Key_NumberSign, -1, keep, false,
+           {"KeyDown(51,0)", "hookDown(51)", "keyPress(35)", "hookPress(35)", "KeyUp(51,0)"}, ""},
+    KeyRow{"DeletePassesOn", "xy", 0, Qt::Key_Delete, -1, keep, false,
+           {"KeyDown(46,0)", "hookDown(46)", "Change", "KeyUp(46,0)"}, "y"},
+    KeyRow{"HostZeroesDelete", "xy", 0, Qt::Key_Delete, 46, keep, false, {"KeyDown(46,0)", "KeyUp(46,0)"}, "xy"},
+    KeyRow{"ControlConsumesDelete", "xy", 0, Qt::Key_Delete, -1, keep, true,
+           {"KeyDown(46,0)", "hookDown(46)", "KeyUp(46,0)"}, "xy"},
+    KeyRow{"ZeroedKeyCodeStillTypes", "", 0, Qt::Key_A, 65, keep, false,
+           {"KeyDown(65,0)", "keyPress(97)", "hookPress(97)", "Change", "KeyUp(65,0)"}, "a"},
+    KeyRow{"EnterWithoutEnterAsTab", "", 0, Qt::Key_Return, -1, keep, false,
+           {"KeyDown(13,0)", "hookDown(13)", "keyPress(13)", "hookPress(13)", "KeyUp(13,0)"}, ""},
+    KeyRow{"TabIsNavigationOnly", "", 0, Qt::Key_Tab, -1, keep, false, {"exit"}, ""}), rowName);
 
 TEST_F(FrameTest, EnterAsTabMovesFocusAndRaisesNoKeyPress)
 {
@@ -245,22 +242,19 @@ void blueOnRed(TestBox &b)
     b.setDisabledColor(OleColor::fromRgb(255, 0, 0));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, Colours,
-    ::testing::Values(
-        ColourRow{"NewControl", [](TestBox &) {}, windowText, windowBackground},
-        ColourRow{"ForeColorWhileEnabled", blueOnRed, blue, windowBackground},
-        ColourRow{"DisabledColorWhileDisabled", [](TestBox &b) { blueOnRed(b); b.setEnabled(false); }, red, unchecked},
-        ColourRow{"ForeColorWhenEnabledAgain",
-                  [](TestBox &b) { blueOnRed(b); b.setEnabled(false); b.setEnabled(true); }, blue, windowBackground},
-        ColourRow{"DefaultDisabledColor", [](TestBox &b) { b.setEnabled(false); }, grayText, unchecked},
-        ColourRow{"DisabledThroughQWidget",
-                  [](TestBox &b) { blueOnRed(b); static_cast<QWidget &>(b).setEnabled(false); }, red, unchecked},
-        ColourRow{"BackColor", [](TestBox &b) { b.setBackColor(OleColor::fromRgb(0, 128, 0)); }, windowText, green},
-        ColourRow{"BackColorWhileDisabled",
-                  [](TestBox &b) { blueOnRed(b); b.setBackColor(OleColor::fromRgb(0, 128, 0)); b.setEnabled(false); },
-                  red, green}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Table, Colours, ::testing::Values(
+    ColourRow{"NewControl", [](TestBox &) {}, windowText, windowBackground},
+    ColourRow{"ForeColorWhileEnabled", blueOnRed, blue, windowBackground},
+    ColourRow{"DisabledColorWhileDisabled", [](TestBox &b) { blueOnRed(b); b.setEnabled(false); }, red, unchecked},
+    ColourRow{"ForeColorWhenEnabledAgain",
+              [](TestBox &b) { blueOnRed(b); b.setEnabled(false); b.setEnabled(true); }, blue, windowBackground},
+    ColourRow{"DefaultDisabledColor", [](TestBox &b) { b.setEnabled(false); }, grayText, unchecked},
+    ColourRow{"DisabledThroughQWidget",
+              [](TestBox &b) { blueOnRed(b); static_cast<QWidget &>(b).setEnabled(false); }, red, unchecked},
+    ColourRow{"BackColor", [](TestBox &b) { b.setBackColor(OleColor::fromRgb(0, 128, 0)); }, windowText, green},
+    ColourRow{"BackColorWhileDisabled",
+              [](TestBox &b) { blueOnRed(b); b.setBackColor(OleColor::fromRgb(0, 128, 0)); b.setEnabled(false); },
+              red, green}), rowName);
 
 // --- Refusals and dirty names -------------------------------------------------------------
 
@@ -322,19 +316,17 @@ TEST_P(SetByName, MarksTheProperty)
     EXPECT_EQ(box->property(property), GetParam().value);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, SetByName,
-    ::testing::Values(ByNameRow{"BackColor", QVariant::fromValue(OleColor(0xFF))},
-                      ByNameRow{"ForeColor", QVariant::fromValue(OleColor(0xFF00))},
-                      ByNameRow{"DisabledColor", QVariant::fromValue(OleColor(0xFF0000))},
-                      ByNameRow{"Enabled", false}, ByNameRow{"Font", QFont("DejaVu Sans", 14)},
-                      ByNameRow{"BorderStyle", QVariant::fromValue(twFixedSingle)},
-                      ByNameRow{"Alignment", QVariant::fromValue(twCenter)}, ByNameRow{"Locked", true},
-                      ByNameRow{"SelectTextOnFocus", false}, ByNameRow{"NullIfEmpty", true},
-                      ByNameRow{"EnterAsTab", true}, ByNameRow{"ToolTip", "tip"}, ByNameRow{"CheckBox", true},
-                      ByNameRow{"Checked", false}, ByNameRow{"MousePointer", 11}, ByNameRow{"OLEDragMode", 1},
-                      ByNameRow{"OLEDropMode", 2}, ByNameRow{"SelStart", 1}, ByNameRow{"SelLength", 3}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Table, SetByName, ::testing::Values(
+    ByNameRow{"BackColor", QVariant::fromValue(OleColor(0xFF))},
+    ByNameRow{"ForeColor", QVariant::fromValue(OleColor(0xFF00))},
+    ByNameRow{"DisabledColor", QVariant::fromValue(OleColor(0xFF0000))},
+    ByNameRow{"Enabled", false}, ByNameRow{"Font", QFont("DejaVu Sans", 14)},
+    ByNameRow{"BorderStyle", QVariant::fromValue(twFixedSingle)},
+    ByNameRow{"Alignment", QVariant::fromValue(twCenter)}, ByNameRow{"Locked", true},
+    ByNameRow{"SelectTextOnFocus", false}, ByNameRow{"NullIfEmpty", true},
+    ByNameRow{"EnterAsTab", true}, ByNameRow{"ToolTip", "tip"}, ByNameRow{"CheckBox", true},
+    ByNameRow{"Checked", false}, ByNameRow{"MousePointer", 11}, ByNameRow{"OLEDragMode", 1},
+    ByNameRow{"OLEDropMode", 2}, ByNameRow{"SelStart", 1}, ByNameRow{"SelLength", 3}), rowName);
 
 // --- Check box ----------------------------------------------------------------------------
 
@@ -369,13 +361,11 @@ TEST_P(CheckBoxes, TextShowsWhileTicked)
 
 void clickCheck1(TestBox &b) { QTest::mouseClick(b.Check1(), Qt::LeftButton); }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, CheckBoxes,
-    ::testing::Values(
-        CheckRow{"TickedByMouseFocusesTheText", true, false, clickCheck1, true, Focus::Text1},
-        CheckRow{"TickedFromCodeLeavesTheFocus", true, false, [](TestBox &b) { b.setChecked(true); }, true, Focus::Next},
-        CheckRow{"UntickedByMouse", true, true, clickCheck1, false, Focus::Check1},
-        CheckRow{"NoCheckBoxShowsTheTextUnticked", false, true, [](TestBox &b) { b.setChecked(false); }, true, Focus::Next}),
+INSTANTIATE_TEST_SUITE_P(Table, CheckBoxes, ::testing::Values(
+    CheckRow{"TickedByMouseFocusesTheText", true, false, clickCheck1, true, Focus::Text1},
+    CheckRow{"TickedFromCodeLeavesTheFocus", true, false, [](TestBox &b) { b.setChecked(true); }, true, Focus::Next},
+    CheckRow{"UntickedByMouse", true, true, clickCheck1, false, Focus::Check1},
+    CheckRow{"NoCheckBoxShowsTheTextUnticked", false, true, [](TestBox &b) { b.setChecked(false); }, true, Focus::Next}),
     rowName);
 
 // --- Focus and text change ----------------------------------------------------------------
@@ -396,14 +386,12 @@ TEST_P(Entering, SelectsAllOnlyWithSelectTextOnFocus)
     EXPECT_EQ(box->SelLength(), row.selLength);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, Entering,
-    ::testing::Values(EnterRow{"OnFromCode", true, Qt::OtherFocusReason, 0, 5},
-                      EnterRow{"OnByTab", true, Qt::TabFocusReason, 0, 5},
-                      EnterRow{"OffFromCode", false, Qt::OtherFocusReason, 2, 0},
-                      EnterRow{"OffByTabTheCaretStays", false, Qt::TabFocusReason, 2, 0},
-                      EnterRow{"OffByShiftTab", false, Qt::BacktabFocusReason, 2, 0}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Table, Entering, ::testing::Values(
+    EnterRow{"OnFromCode", true, Qt::OtherFocusReason, 0, 5},
+    EnterRow{"OnByTab", true, Qt::TabFocusReason, 0, 5},
+    EnterRow{"OffFromCode", false, Qt::OtherFocusReason, 2, 0},
+    EnterRow{"OffByTabTheCaretStays", false, Qt::TabFocusReason, 2, 0},
+    EnterRow{"OffByShiftTab", false, Qt::BacktabFocusReason, 2, 0}), rowName);
 
 // Check1 stands left of the text: Tab goes from the widget before the control to Check1, then
 // Text1, then the widget after; Shift+Tab goes back the same way.
@@ -508,12 +496,10 @@ TEST_P(CheckBoxTop, CentresOnTheTextRoundingHalvesToEven)
     EXPECT_EQ(Twips::checkBoxTop(GetParam().text, GetParam().check), GetParam().top);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, CheckBoxTop,
-    ::testing::Values(TopRow{"TallText", 315, 195, 60}, TopRow{"TextShorterThanTheBox", 180, 195, 0},
-                      TopRow{"Between", 255, 195, 30}, TopRow{"HalfPixelGoesTo0", 209, 195, 0},
-                      TopRow{"OneAndAHalfGoTo2", 239, 195, 30}, TopRow{"TwoAndAHalfGoTo2", 269, 195, 30}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Table, CheckBoxTop, ::testing::Values(
+    TopRow{"TallText", 315, 195, 60}, TopRow{"TextShorterThanTheBox", 180, 195, 0},
+    TopRow{"Between", 255, 195, 30}, TopRow{"HalfPixelGoesTo0", 209, 195, 0},
+    TopRow{"OneAndAHalfGoTo2", 239, 195, 30}, TopRow{"TwoAndAHalfGoTo2", 269, 195, 30}), rowName);
 
 // Text1 in a frame of the default 1650 x 315 twips (110 x 21 pixels).
 struct LayoutRow {
@@ -533,18 +519,15 @@ TEST_P(Layout, BorderAndCheckBoxPlaceTheTextBox)
     EXPECT_EQ(box->Text1()->geometry(), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, Layout,
-    ::testing::Values(
-        // 3-D: inner 106 x 17 from (2,2); width (1590 - 80 - 15) / 15 rounds to 100.
-        LayoutRow{"Fixed3D", twFixed3D, false, 2, QRect(3, 3, 100, 12)},
-        LayoutRow{"Fixed3DWithCheckBox", twFixed3D, true, 2, QRect(19, 3, 84, 12)},
-        // Single: inner 108 x 19; the text box is the inner width less 60 twips.
-        LayoutRow{"FixedSingle", twFixedSingle, false, 1, QRect(2, 2, 104, 16)},
-        LayoutRow{"FixedSingleWithCheckBox", twFixedSingle, true, 1, QRect(18, 2, 88, 16)},
-        LayoutRow{"None", twNone, false, 0, QRect(1, 1, 108, 20)},
-        LayoutRow{"NoneWithCheckBox", twNone, true, 0, QRect(17, 1, 92, 20)}),
-    rowName);
+INSTANTIATE_TEST_SUITE_P(Table, Layout, ::testing::Values(
+    // 3-D: inner 106 x 17 from (2,2); width (1590 - 80 - 15) / 15 rounds to 100.
+    LayoutRow{"Fixed3D", twFixed3D, false, 2, QRect(3, 3, 100, 12)},
+    LayoutRow{"Fixed3DWithCheckBox", twFixed3D, true, 2, QRect(19, 3, 84, 12)},
+    // Single: inner 108 x 19; the text box is the inner width less 60 twips.
+    LayoutRow{"FixedSingle", twFixedSingle, false, 1, QRect(2, 2, 104, 16)},
+    LayoutRow{"FixedSingleWithCheckBox", twFixedSingle, true, 1, QRect(18, 2, 88, 16)},
+    LayoutRow{"None", twNone, false, 0, QRect(1, 1, 108, 20)},
+    LayoutRow{"NoneWithCheckBox", twNone, true, 0, QRect(17, 1, 92, 20)}), rowName);
 
 TEST_F(FrameTest, NewFrameHasTheDefaultSizeAndTooSmallOneLeavesNoText)
 {
@@ -594,7 +577,8 @@ TEST_P(DefaultSizeText, KeepsCapitalsAndDescenders)
     EXPECT_EQ(box->Text1()->textMargins(), QMargins());
 }
 
-INSTANTIATE_TEST_SUITE_P(Points, DefaultSizeText, ::testing::Values(8, 9, 10, 12),
-                         [](const auto &info) { return std::to_string(info.param) + "pt"; });
+INSTANTIATE_TEST_SUITE_P(Points, DefaultSizeText, ::testing::Values(
+    8, 9, 10, 12),
+    [](const auto &info) { return std::to_string(info.param) + "pt"; });
 
 } // namespace

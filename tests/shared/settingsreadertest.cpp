@@ -37,20 +37,17 @@ TEST_P(ValueTypeRules, ReadsAsText)
     EXPECT_EQ(store.openKeyCount(), 0) << "the key must be closed again";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Types, ValueTypeRules,
-    ::testing::Values(
-        TypeRow{"SzUpToNul", SettingsStore::RegSz, QByteArray("2\0junk", 6), "2"},
-        TypeRow{"SzWithoutNulWhole", SettingsStore::RegSz, QByteArray("-255"), "-255"},
-        TypeRow{"SzEmpty", SettingsStore::RegSz, QByteArray("\0", 1), ""},
-        TypeRow{"SzUtf8", SettingsStore::RegSz, QByteArray("\xe2\x82\xac\0", 4), QString(QChar(0x20AC))},
-        TypeRow{"BinaryNegative", SettingsStore::RegBinary, QByteArray("\xF1\xFE", 2), "-271"},
-        TypeRow{"BinaryFirstTwoBytesOnly", SettingsStore::RegBinary, QByteArray("\x10\x00\xff\xff", 4), "16"},
-        TypeRow{"BinaryOneByteIsLowByte", SettingsStore::RegBinary, QByteArray("\xF5", 1), "245"},
-        TypeRow{"BinaryEmptyIsZero", SettingsStore::RegBinary, QByteArray(), "0"},
-        TypeRow{"DwordIgnored", SettingsStore::RegDword, QByteArray("\x02\0\0\0", 4), ""},
-        TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""}),
-    TestSupport::rowName);
+INSTANTIATE_TEST_SUITE_P(Types, ValueTypeRules, ::testing::Values(
+    TypeRow{"SzUpToNul", SettingsStore::RegSz, QByteArray("2\0junk", 6), "2"},
+    TypeRow{"SzWithoutNulWhole", SettingsStore::RegSz, QByteArray("-255"), "-255"},
+    TypeRow{"SzEmpty", SettingsStore::RegSz, QByteArray("\0", 1), ""},
+    TypeRow{"SzUtf8", SettingsStore::RegSz, QByteArray("\xe2\x82\xac\0", 4), QString(QChar(0x20AC))},
+    TypeRow{"BinaryNegative", SettingsStore::RegBinary, QByteArray("\xF1\xFE", 2), "-271"},
+    TypeRow{"BinaryFirstTwoBytesOnly", SettingsStore::RegBinary, QByteArray("\x10\x00\xff\xff", 4), "16"},
+    TypeRow{"BinaryOneByteIsLowByte", SettingsStore::RegBinary, QByteArray("\xF5", 1), "245"},
+    TypeRow{"BinaryEmptyIsZero", SettingsStore::RegBinary, QByteArray(), "0"},
+    TypeRow{"DwordIgnored", SettingsStore::RegDword, QByteArray("\x02\0\0\0", 4), ""},
+    TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""}), TestSupport::rowName);
 
 struct LookupRow { const char *name; SettingsStore::Handle root; QString key, value, expected; };
 
@@ -67,16 +64,14 @@ TEST_P(Lookups, EveryFailureIsEmptyText)
     EXPECT_EQ(store.openKeyCount(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, Lookups,
-    ::testing::Values(LookupRow{"Present", hkcu, intl, "iDigits", "3"},
-                      LookupRow{"NamesIgnoreCase", hkcu, "control panel\\INTERNATIONAL", "IDIGITS", "3"},
-                      LookupRow{"MissingValue", hkcu, intl, "sDecimal", ""},
-                      LookupRow{"MissingKey", hkcu, "Control Panel\\Nowhere", "iDigits", ""},
-                      LookupRow{"OtherRoot", SettingsStore::LocalMachine, intl, "iDigits", ""},
-                      LookupRow{"NotARoot", 12345, intl, "iDigits", ""},
-                      LookupRow{"ReadFails", hkcu, intl, "iCurrDigits", ""}),
-    TestSupport::rowName);
+INSTANTIATE_TEST_SUITE_P(Table, Lookups, ::testing::Values(
+    LookupRow{"Present", hkcu, intl, "iDigits", "3"},
+    LookupRow{"NamesIgnoreCase", hkcu, "control panel\\INTERNATIONAL", "IDIGITS", "3"},
+    LookupRow{"MissingValue", hkcu, intl, "sDecimal", ""},
+    LookupRow{"MissingKey", hkcu, "Control Panel\\Nowhere", "iDigits", ""},
+    LookupRow{"OtherRoot", SettingsStore::LocalMachine, intl, "iDigits", ""},
+    LookupRow{"NotARoot", 12345, intl, "iDigits", ""},
+    LookupRow{"ReadFails", hkcu, intl, "iCurrDigits", ""}), TestSupport::rowName);
 
 TEST_F(InjectedStore, AKeyNeverOpenedReadsNothing)
 {
