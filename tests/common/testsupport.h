@@ -156,8 +156,4 @@ protected:
     std::unique_ptr<QWidget> window;
 };
 
-// The same for a table of rows.
-template<typename Row>
-class WidgetTable : public WidgetFixture, public ::testing::WithParamInterface<Row> {};
-
 #endif

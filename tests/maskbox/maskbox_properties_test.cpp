@@ -27,7 +27,6 @@ struct ValueRow {
     const char *text; // Text afterwards
     QVariant expected;
 };
-
 class MaskBoxValue : public ::testing::TestWithParam<ValueRow> {};
 
 TEST_P(MaskBoxValue, SetThenRead)
@@ -60,7 +59,6 @@ INSTANTIATE_TEST_SUITE_P(Properties, MaskBoxValue, ::testing::Values(
 // Every refusal throws its number and leaves every property, kinds included, and the events as
 // they were.
 struct RefusalRow { std::string name; bool designTime; std::function<void(MaskBox &)> action; int number; };
-
 class MaskBoxRefusal : public ::testing::TestWithParam<RefusalRow> {};
 
 TEST_P(MaskBoxRefusal, ThrowsAndChangesNothing)
@@ -124,7 +122,6 @@ TEST(MaskBoxValue, RefusedByTheHostChangesNothing)
 }
 
 struct MaskRow { const char *name; bool designTime; const char *oldMask, *value, *newMask, *text; };
-
 class MaskBoxMask : public ::testing::TestWithParam<MaskRow> {};
 
 TEST_P(MaskBoxMask, ReformatsOrShowsTheMaskWithChange)

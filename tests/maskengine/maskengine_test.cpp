@@ -23,7 +23,6 @@ struct ParseRow
     int inputs;
     QString blank;
 };
-
 class ParseMaskTest : public testing::TestWithParam<ParseRow> {};
 
 TEST_P(ParseMaskTest, CompilesKindsAndTemplate)
@@ -61,7 +60,6 @@ INSTANTIATE_TEST_SUITE_P(Masks, ParseMaskTest, testing::Values(
     ParseRow{"LiteralAbove7FFF", QString(QChar(0xFF03)), {qint16(0xFF03)}, 0, QString(QChar(0xFF03))}), rowName);
 
 struct AcceptRow { const char *name; int kind; QChar c; bool accepted; };
-
 class AcceptsTest : public testing::TestWithParam<AcceptRow> {};
 
 TEST_P(AcceptsTest, Classifies)
@@ -86,7 +84,6 @@ struct ConvertRow
     int charCase; // extraction only
     QString out;
 };
-
 class FormatTest : public testing::TestWithParam<ConvertRow> {};
 class ExtractTest : public testing::TestWithParam<ConvertRow> {};
 
@@ -147,7 +144,6 @@ struct EditRow
     bool accepted;
     bool locked = false;
 };
-
 class EditTest : public testing::TestWithParam<EditRow> {};
 
 TEST_P(EditTest, EditsOrRefusesWhole)

@@ -184,7 +184,9 @@ void undoAnInsertOverAll(QLineEdit *t)
     t->undo();
 }
 
-struct ForeignCase { const char *name; twDataTypeConstants type; std::function<void(QLineEdit *)> act; const char *shown, *value; };
+struct ForeignCase {
+    const char *name; twDataTypeConstants type; std::function<void(QLineEdit *)> act; const char *shown, *value;
+};
 using ForeignText = NumberBoxTable<ForeignCase>;
 
 // From 12, the caret at the end; then the focus leaves. Whatever the path, the box shows the text
@@ -566,7 +568,8 @@ QWidget &asQWidget(NumberBox &b) { return b; }
 INSTANTIATE_TEST_SUITE_P(Setters, QWidgetSetters, ::testing::Values(
     QWidgetCase{"Enabled", [](NumberBox &b) { b.setEnabled(false); }, [](NumberBox &b) { asQWidget(b).setEnabled(false); }},
     QWidgetCase{"Font", [](NumberBox &b) { b.setFont(big); }, [](NumberBox &b) { asQWidget(b).setFont(big); }},
-    QWidgetCase{"ToolTip", [](NumberBox &b) { b.setToolTip("tip"); }, [](NumberBox &b) { asQWidget(b).setToolTip("tip"); }}),
+    QWidgetCase{"ToolTip", [](NumberBox &b) { b.setToolTip("tip"); },
+                [](NumberBox &b) { asQWidget(b).setToolTip("tip"); }}),
     rowName);
 
 struct ChildCase { const char *name; std::function<void(NumberBox &)> act; const char *present; };
@@ -585,7 +588,8 @@ TEST_P(InnerWidgets, ExistOnlyOnceNeeded)
 
 INSTANTIATE_TEST_SUITE_P(Children, InnerWidgets, ::testing::Values(
     ChildCase{"NewBox", [](NumberBox &) {}, ""},
-    ChildCase{"OtherPropertiesSet", [](NumberBox &b) { b.setChecked(false); b.setInterceptArrowKeys(true); b.setEnabled(false); }, ""},
+    ChildCase{"OtherPropertiesSet",
+              [](NumberBox &b) { b.setChecked(false); b.setInterceptArrowKeys(true); b.setEnabled(false); }, ""},
     ChildCase{"DefaultBagRead", [](NumberBox &b) { PropertyBag bag; b.ReadProperties(bag); }, ""},
     ChildCase{"CheckBox", [](NumberBox &b) { b.setCheckBox(true); }, "Check1 Text3"},
     ChildCase{"UpDown", [](NumberBox &b) { b.setUpDown(true); }, "UpDown1"}), rowName);

@@ -13,8 +13,9 @@ using TestSupport::enUS;
 using TestSupport::rowName;
 
 // Text "12345" throughout.
-struct WorkspaceRow { const char *name; int start, length; const char *replace; int expStart, expLength; const char *selected; };
-
+struct WorkspaceRow {
+    const char *name; int start, length; const char *replace; int expStart, expLength; const char *selected;
+};
 class TextWorkspaceTable : public testing::TestWithParam<WorkspaceRow> {};
 
 TEST_P(TextWorkspaceTable, ClampsLikeTheHostTextBox)
@@ -52,7 +53,6 @@ struct SymbolRow {
     const char *name; int position; const char *symbol; const char *text; int start, length;
     const char *bare; int bareStart, bareLength; int addedStart, addedLength;
 };
-
 class CurrencySymbol : public testing::TestWithParam<SymbolRow> {};
 
 TEST_P(CurrencySymbol, StripAndAddKeepTheCaret)
@@ -88,7 +88,6 @@ struct FormatRow {
     const char *name; const QLocale &locale; int type; int places; bool grouping;
     int position; const char *symbol; QVariant value; const char *expected;
 };
-
 class FormatValue : public testing::TestWithParam<FormatRow> {};
 
 TEST_P(FormatValue, ShowsTheNumberAsTheBoxDoes)
@@ -116,7 +115,6 @@ INSTANTIATE_TEST_SUITE_P(Values, FormatValue, testing::Values(
 
 using D = NumberDisplay;
 struct RoleRow { const char *name; bool enabled; bool useNegative; QVariant value; D::ColorRole expected; };
-
 class ColorRole : public testing::TestWithParam<RoleRow> {};
 
 TEST_P(ColorRole, FollowsSignAndEnabled)

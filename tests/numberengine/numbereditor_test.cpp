@@ -186,7 +186,6 @@ const Case steps[] = {
 INSTANTIATE_TEST_SUITE_P(Step, NumberEditorTest, testing::ValuesIn(steps), rowName);
 
 struct PasteRow { const char *name; const QLocale &locale; const char *start; const char *clip; const char *expected; };
-
 class NumberEditorPaste : public testing::TestWithParam<PasteRow> {};
 
 TEST_P(NumberEditorPaste, CleansOrRefuses)

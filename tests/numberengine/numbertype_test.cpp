@@ -25,7 +25,6 @@ QVariant dec(const char *text) { return QVariant::fromValue(Decimal::parse(QStri
 QVariant str(const char *text) { return QVariant(QString::fromLatin1(text)); }
 
 struct ConvertRow { const char *name; QVariant value; int type; const char *expected; };
-
 class ConvertToType : public testing::TestWithParam<ConvertRow> {};
 
 TEST_P(ConvertToType, RoundsHalfToEvenWithinTheType)
@@ -51,7 +50,6 @@ INSTANTIATE_TEST_SUITE_P(Table, ConvertToType, testing::Values(
     ConvertRow{"unknown type", QVariant(7), 9, "Empty"}), rowName);
 
 struct RangeRow { const char *name; QVariant value; int type; bool useMinMax; QVariant min, max; bool expected; };
-
 class IsInRange : public testing::TestWithParam<RangeRow> {};
 
 TEST_P(IsInRange, ChecksTheTypeAndTheBounds)
@@ -88,7 +86,6 @@ INSTANTIATE_TEST_SUITE_P(Table, IsInRange, testing::Values(
     RangeRow{"not a number", str("x"), twDouble, false, {}, {}, false}), rowName);
 
 struct DigitsRow { const char *name; int type; const char *digits; const char *currDigits; int expected; };
-
 class RegionalDecimalPlaces : public testing::TestWithParam<DigitsRow> {};
 
 TEST_P(RegionalDecimalPlaces, ComeFromTheTypesSetting)
@@ -109,7 +106,6 @@ INSTANTIATE_TEST_SUITE_P(Table, RegionalDecimalPlaces, testing::Values(
 
 enum Op { Add, Sub, Neg };
 struct ArithmeticRow { const char *name; Op op; QVariant a, b; int type; const char *expected; };
-
 class ExactArithmetic : public testing::TestWithParam<ArithmeticRow> {};
 
 TEST_P(ExactArithmetic, StaysInTheTypeOrFails)
@@ -139,7 +135,6 @@ INSTANTIATE_TEST_SUITE_P(Table, ExactArithmetic, testing::Values(
     ArithmeticRow{"single", Add, QVariant(0.5), QVariant(1), twSingle, "float:1.5"}), rowName);
 
 struct RepairRow { const char *name; QVariant value; QVariant min, max; const char *expected; };
-
 class RangeRepair : public testing::TestWithParam<RepairRow> {};
 
 TEST_P(RangeRepair, BringsTheValueIntoRange)

@@ -19,7 +19,6 @@ qint64 parse(const char *text, const QLocale &locale = enUS)
 }
 
 struct RawRow { const char *name; std::function<qint64()> call; qint64 raw; int error; };
-
 class CurrencyRaw : public testing::TestWithParam<RawRow> {};
 
 TEST_P(CurrencyRaw, IsExactRoundsHalfEvenAndOverflowsWithErrorSix)
@@ -59,7 +58,6 @@ INSTANTIATE_TEST_SUITE_P(Arithmetic, CurrencyRaw, testing::Values(
        [] { return Currency::fromDecimal(Decimal::parse("-0.00015", QLocale::c())).raw(); }, -2, 0}), rowName);
 
 struct TextRow { const char *name; qint64 raw; QLocale locale; const char *expected; };
-
 class CurrencyToString : public testing::TestWithParam<TextRow> {};
 
 TEST_P(CurrencyToString, IsShortestExactText)

@@ -44,7 +44,6 @@ TEST(DateCalendar, EveryDayRoundTripsAndAgreesWithQDate)
 
 // The exhaustive test above covers every valid day; these roll over or overflow.
 struct YmdCase { const char *name; int y, m, d; double serial; int error = 0; };
-
 class DateFromYmd : public testing::TestWithParam<YmdCase> {};
 
 TEST_P(DateFromYmd, RollsOverOrOverflows)
@@ -71,7 +70,6 @@ INSTANTIATE_TEST_SUITE_P(Table, DateFromYmd, testing::Values(
     rowName);
 
 struct SerialCase { const char *name; double serial; Date::Parts parts; };
-
 class DateParts : public testing::TestWithParam<SerialCase> {};
 
 TEST_P(DateParts, SplitsTheSerial)
@@ -93,7 +91,6 @@ INSTANTIATE_TEST_SUITE_P(Table, DateParts, testing::Values(
     SerialCase{"NaNReadsAsZero", std::numeric_limits<double>::quiet_NaN(), {1899, 12, 30, 0, 0, 0}}), rowName);
 
 struct HmsCase { const char *name; int h, n, s; Date::Parts parts; };
-
 class DateFromHms : public testing::TestWithParam<HmsCase> {};
 
 TEST_P(DateFromHms, Carries)
@@ -119,7 +116,6 @@ TEST(DateFromHmsValue, SerialOfCarriedHourAndOverflow)
 }
 
 struct QtCase { const char *name; QDateTime dateTime; };
-
 class DateQt : public testing::TestWithParam<QtCase> {};
 
 TEST_P(DateQt, RoundTripsThroughQDateTime)

@@ -27,7 +27,6 @@ struct ParseRow {
     const char *expected; // C-locale text; unused when `error` is expected
     int error;
 };
-
 class DecimalParse : public testing::TestWithParam<ParseRow> {};
 
 TEST_P(DecimalParse, ReadsExactlyOrRefusesWithTheHostsError)
@@ -88,7 +87,6 @@ QString order(const char *a, const char *b)
 }
 
 struct OpRow { const char *name; std::function<QString()> call; const char *expected; int error; };
-
 class DecimalOp : public testing::TestWithParam<OpRow> {};
 
 TEST_P(DecimalOp, IsExactOrRoundsHalfEvenWhenTheMantissaIsFull)

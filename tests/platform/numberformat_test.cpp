@@ -16,7 +16,6 @@ QVariant cur(const char *t) { return QVariant::fromValue(Currency::parse(t, QLoc
 QVariant dec(const char *t) { return QVariant::fromValue(Decimal::parse(t, QLocale::c())); }
 
 struct FormatRow { const char *name; QVariant value; const char *pattern; QLocale locale; const char *expected; };
-
 class Format : public testing::TestWithParam<FormatRow> {};
 
 TEST_P(Format, RendersThePattern)

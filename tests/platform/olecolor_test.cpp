@@ -19,7 +19,6 @@ QPalette distinctPalette()
 }
 
 struct SystemCase { const char *name; std::uint32_t value; QPalette::ColorGroup group; QPalette::ColorRole role; };
-
 class OleColorSystem : public testing::TestWithParam<SystemCase> {};
 
 TEST_P(OleColorSystem, ResolvesAgainstThePalette)
@@ -45,7 +44,6 @@ TEST(OleColorSystemGroup, FollowsTheCurrentGroup)
 }
 
 struct RgbCase { const char *name; std::uint32_t value; QColor colour; };
-
 class OleColorRgb : public testing::TestWithParam<RgbCase> {};
 
 TEST_P(OleColorRgb, RedInTheLowByteBothWays)

@@ -37,7 +37,6 @@ QFont sampleFont()
 }
 
 struct KindCase { const char *name; std::function<QVariant()> make; };
-
 class PropertyBagKinds : public testing::TestWithParam<KindCase> {};
 
 // Every kind goes through JSON text and comes back as the same kind and value.
@@ -111,7 +110,6 @@ struct ElisionCase {
     std::function<QVariant()> defaultValue;
     bool stored;
 };
-
 class PropertyBagDefaults : public testing::TestWithParam<ElisionCase> {};
 
 TEST_P(PropertyBagDefaults, StoresOnlyWhatDiffersFromTheDefault)
@@ -196,7 +194,6 @@ TEST(PropertyBagOrder, ReplacesInPlaceAndRemovesOnDefault)
 }
 
 struct DamageCase { const char *name; const char *text; QStringList keys; };
-
 class PropertyBagJson : public testing::TestWithParam<DamageCase> {};
 
 TEST_P(PropertyBagJson, DamagedInputLosesOnlyWhatIsDamaged)

@@ -49,7 +49,6 @@ struct ConvertRow {
     QString expected; // unused when `error` is expected
     int error;
 };
-
 class Convert : public testing::TestWithParam<ConvertRow> {};
 
 TEST_P(Convert, RoundsOnceAndRefusesWithTheHostsError)
@@ -157,7 +156,6 @@ INSTANTIATE_TEST_SUITE_P(IsNumeric, Convert, testing::Values(
     ConvertRow{"Date", To::IsNumeric, QVariant::fromValue(Date(45000.0)), enUS, "false", 0}), rowName);
 
 struct CompareRow { const char *name; QVariant a; QVariant b; int expected; int error; };
-
 class Compare : public testing::TestWithParam<CompareRow> {};
 
 TEST_P(Compare, OrdersAcrossKinds)

@@ -1,4 +1,4 @@
-// The hook swallows context-menu requests and nothing else.
+// The hook swallows a widget's context-menu requests while that widget is hooked.
 #include "shared/contextmenuhook.h"
 
 #include "common/testsupport.h"
@@ -27,7 +27,6 @@ void sendContextMenu(QWidget *w)
 }
 
 struct HookRow { const char *name; int installs, removals; bool hooked; };
-
 class ContextMenuHooking : public testing::TestWithParam<HookRow> {};
 
 TEST_P(ContextMenuHooking, SwallowsTheMenuOnlyWhileHooked)

@@ -215,11 +215,8 @@ const Shade blue{QColor(0, 0, 255)}, red{QColor(255, 0, 0)}, green{QColor(0, 128
 const Shade windowText{{}, QPalette::Active, QPalette::Text}, grayText{{}, QPalette::Disabled, QPalette::Text};
 const Shade windowBackground{{}, QPalette::Active, QPalette::Base}, unchecked{};
 
-struct ColourRow {
-    const char *name;
-    std::function<void(TestBox &)> set;
-    Shade text, back; // back unchecked: whatever the style gives a disabled box
-};
+// `back` unchecked: whatever the style gives a disabled box.
+struct ColourRow { const char *name; std::function<void(TestBox &)> set; Shade text, back; };
 using Colours = FrameTable<ColourRow>;
 
 // The text box is checked in its palette's current colour group, the one it paints with.
@@ -297,10 +294,7 @@ std::vector<RefusalRow> refusals()
 
 INSTANTIATE_TEST_SUITE_P(Table, Refusals, ::testing::ValuesIn(refusals()), rowName);
 
-struct ByNameRow {
-    const char *name; // the property
-    QVariant value;
-};
+struct ByNameRow { const char *name; QVariant value; }; // name: the property
 using SetByName = FrameTable<ByNameRow>;
 
 TEST_P(SetByName, MarksTheProperty)
@@ -332,11 +326,7 @@ INSTANTIATE_TEST_SUITE_P(Table, SetByName, ::testing::Values(
 
 enum class Focus { Text1, Check1, Next };
 struct CheckRow {
-    const char *name;
-    bool checkBox, checkedBefore;
-    std::function<void(TestBox &)> act;
-    bool textVisible;
-    Focus focus;
+    const char *name; bool checkBox, checkedBefore; std::function<void(TestBox &)> act; bool textVisible; Focus focus;
 };
 using CheckBoxes = FrameTable<CheckRow>;
 
@@ -485,10 +475,8 @@ TEST_F(FrameTest, ManualDropRaisesDragEventsAndLeavesTextAlone)
 
 // --- Layout -------------------------------------------------------------------------------
 
-struct TopRow {
-    const char *name;
-    int text, check, top; // twips
-};
+// The text box's and the check box's heights and the check box's top, in twips.
+struct TopRow { const char *name; int text, check, top; };
 class CheckBoxTop : public ::testing::TestWithParam<TopRow> {};
 
 TEST_P(CheckBoxTop, CentresOnTheTextRoundingHalvesToEven)
@@ -501,14 +489,8 @@ INSTANTIATE_TEST_SUITE_P(Table, CheckBoxTop, ::testing::Values(
     TopRow{"Between", 255, 195, 30}, TopRow{"HalfPixelGoesTo0", 209, 195, 0},
     TopRow{"OneAndAHalfGoTo2", 239, 195, 30}, TopRow{"TwoAndAHalfGoTo2", 269, 195, 30}), rowName);
 
-// Text1 in a frame of the default 1650 x 315 twips (110 x 21 pixels).
-struct LayoutRow {
-    const char *name;
-    twBorderStyleConstants style;
-    bool checkBox;
-    int frameWidth;
-    QRect text; // in the frame's coordinates
-};
+// Text1, in the frame's coordinates, in a frame of the default 1650 x 315 twips (110 x 21 pixels).
+struct LayoutRow { const char *name; twBorderStyleConstants style; bool checkBox; int frameWidth; QRect text; };
 using Layout = FrameTable<LayoutRow>;
 
 TEST_P(Layout, BorderAndCheckBoxPlaceTheTextBox)
@@ -577,8 +559,7 @@ TEST_P(DefaultSizeText, KeepsCapitalsAndDescenders)
     EXPECT_EQ(box->Text1()->textMargins(), QMargins());
 }
 
-INSTANTIATE_TEST_SUITE_P(Points, DefaultSizeText, ::testing::Values(
-    8, 9, 10, 12),
-    [](const auto &info) { return std::to_string(info.param) + "pt"; });
+INSTANTIATE_TEST_SUITE_P(Points, DefaultSizeText, ::testing::Values(8, 9, 10, 12),
+                         [](const auto &info) { return std::to_string(info.param) + "pt"; });
 
 } // namespace

@@ -26,7 +26,6 @@ struct FormatRow {
     int readFormat;
     QVariant expected;
 };
-
 class DataObjectFormats : public testing::TestWithParam<FormatRow> {};
 
 TEST_P(DataObjectFormats, RoundTripUntilCleared)
@@ -51,7 +50,6 @@ INSTANTIATE_TEST_SUITE_P(Table, DataObjectFormats, testing::Values(
     TestSupport::rowName);
 
 struct RefusalRow { const char *name; std::function<void(DataObject &data, DataObject &dropped)> call; int number; };
-
 class DataObjectRefusals : public testing::TestWithParam<RefusalRow> {};
 
 TEST_P(DataObjectRefusals, ThrowAndLeaveADropAsItCame)

@@ -19,7 +19,6 @@ struct KeyRow {
     int shift;
     int ascii;
 };
-
 class KeyEventTranslation : public ::testing::TestWithParam<KeyRow> {};
 
 TEST_P(KeyEventTranslation, GivesCodeShiftAndCharacter)
@@ -65,7 +64,6 @@ struct ScanRow {
     char16_t ch;
     int code; // -1: no key types it
 };
-
 class CharacterToKeys : public ::testing::TestWithParam<ScanRow> {};
 
 TEST_P(CharacterToKeys, FollowsUsLayout)

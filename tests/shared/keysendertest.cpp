@@ -33,7 +33,6 @@ public:
 };
 
 struct CharRow { const char *name; QString ch; bool skipRelease, skipPress; std::vector<Stroke> expected; };
-
 class CharKeys : public ::testing::TestWithParam<CharRow> {};
 
 TEST_P(CharKeys, PressesAndReleasesInOrder)
@@ -63,7 +62,6 @@ INSTANTIATE_TEST_SUITE_P(Sequences, CharKeys, ::testing::Values(
     CharRow{"EmptyString", "", false, false, {}}), TestSupport::rowName);
 
 struct VkRow { const char *name; int vk; bool skipRelease, skipPress, notExtended; std::vector<Stroke> expected; };
-
 class VirtualKeys : public ::testing::TestWithParam<VkRow> {};
 
 TEST_P(VirtualKeys, ExtendedUnlessItTypesOrIsToldNot)
@@ -96,7 +94,6 @@ public:
     }
     std::vector<Entry> entries;
 };
-
 class KeySenderDelivery : public WidgetFixture {};
 
 TEST_F(KeySenderDelivery, UpperCaseLetterArrivesWithShiftAndIsTyped)

@@ -25,7 +25,6 @@ protected:
 };
 
 struct TypeRow { const char *name; int type; QByteArray data; QString expected; };
-
 class ValueTypeRules : public InjectedStore, public ::testing::WithParamInterface<TypeRow> {};
 
 TEST_P(ValueTypeRules, ReadsAsText)
@@ -50,7 +49,6 @@ INSTANTIATE_TEST_SUITE_P(Types, ValueTypeRules, ::testing::Values(
     TypeRow{"ExpandSzIgnored", SettingsStore::RegExpandSz, QByteArray("2\0", 2), ""}), TestSupport::rowName);
 
 struct LookupRow { const char *name; SettingsStore::Handle root; QString key, value, expected; };
-
 class Lookups : public InjectedStore, public ::testing::WithParamInterface<LookupRow> {};
 
 // iDigits is "3"; reading iCurrDigits fails.

@@ -15,10 +15,6 @@ public:
         button.resize(17, 22);
         button.show();
         (void)QTest::qWaitForWindowExposed(&button);
-        connect();
-    }
-    void connect()
-    {
         QObject::connect(&button, &UpDownButton::Change, [this] { values.push_back(button.Value()); });
     }
     QPoint upPoint() const { return button.partRect(UpDownButton::UpPart).center(); }
@@ -29,7 +25,6 @@ public:
 };
 
 struct ChangeRow { const char *name; std::function<void(UpDown &)> action; std::vector<int> seen; };
-
 class UpDownChanges : public UpDown, public ::testing::WithParamInterface<ChangeRow> {};
 
 TEST_P(UpDownChanges, OnEveryPressAndEverySet)
