@@ -1,5 +1,5 @@
 // MaskBox under real key events: typing through the mask, Backspace and Delete around literals,
-// the clipboard keys, the host's chance to change or cancel a key, and leaving the box.
+// the clipboard keys, text that comes without keys, and leaving the box.
 #include <tarnwell/maskbox.h>
 
 #include "common/testsupport.h"

@@ -1,5 +1,5 @@
 // MaskBox as a program drives it: Value through the mask and the check box, Mask at run and
-// design time, the refusals, the property bag and the inner layout.
+// design time, the refusals and the property bag.
 #include <tarnwell/maskbox.h>
 #include <tarnwell/propertybag.h>
 #include <tarnwell/variant.h>
