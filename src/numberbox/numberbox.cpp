@@ -91,7 +91,7 @@ QVariant NumberBox::Value() const
 {
     if (!CheckBox() || Checked())
         return convert(m_value);
-    return NullIfEmpty() ? Variant::null() : QVariant();
+    return noValue();
 }
 
 void NumberBox::setValue(const QVariant &value)
