@@ -37,6 +37,9 @@ public:
         Acceptable,   // a real calendar date within the range
     };
 
+    // Why a text is no date: the first check that failed, in the order fields are numbers, they
+    // fit 16 bits, month and day are within 1-12 and 1-31, the year is one the date type holds,
+    // the day exists in that month, the date is within the bounds.
     enum class Reason {
         None,            // Acceptable
         NotANumber,      // Intermediate: a field does not read as a number
