@@ -169,7 +169,8 @@ INSTANTIATE_TEST_SUITE_P(Times, Shown, testing::Values(
     ShownRow{"UnknownKeepsMask", 6, hms(10, 15), "101500", None}), rowName);
 
 struct SwitchRow {
-    const char *name; int format; char sep; QString text; Half half; Date max; std::optional<Date> candidate; bool made;
+    const char *name; int format; char sep; QString text; Half half; Date max;
+    std::optional<Date> candidate; bool made;
 };
 using Switch = Table<SwitchRow>;
 TEST_P(Switch, TriesTheOtherHalf)
