@@ -5,7 +5,9 @@
 
 #include <QVariant>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace Tarnwell {
 
@@ -24,18 +26,20 @@ bool isAsciiDigit(QChar c)
     return c >= u'0' && c <= u'9';
 }
 
-// A trimmed field of one or two ASCII digits, read exactly; false for anything else.
-bool readDigits(QStringView field, int &value)
+enum class FieldKind { Digits, Blank, Other };
+
+// A trimmed field: one or two ASCII digits (read into `value`), nothing, or anything else.
+FieldKind readDigits(QStringView field, int &value)
 {
     if (field.isEmpty())
-        return false;
+        return FieldKind::Blank;
     value = 0;
     for (QChar c : field) {
         if (!isAsciiDigit(c))
-            return false;
+            return FieldKind::Other;
         value = value * 10 + (c.unicode() - u'0');
     }
-    return true;
+    return FieldKind::Digits;
 }
 
 // The host's lenient read: blanks anywhere are skipped, a sign may lead, digits with one decimal
@@ -185,14 +189,21 @@ TimeFields::Fields TimeFields::fieldsOf(QStringView text) const
     const QStringView minute = text.mid(MinuteAt, 2).trimmed();
     const QStringView second = hasSeconds() ? text.mid(SecondAt, 2).trimmed() : QStringView();
     int h = 0, m = 0, s = 0;
-    if (readDigits(hour, h) && readDigits(minute, m) && (!hasSeconds() || readDigits(second, s))) {
+    const FieldKind kinds[] = {readDigits(hour, h), readDigits(minute, m),
+                               hasSeconds() ? readDigits(second, s) : FieldKind::Digits};
+    const auto count = [&kinds](FieldKind k) { return std::count(std::begin(kinds), std::end(kinds), k); };
+    if (count(FieldKind::Digits) == 3) {
         f.digitsOnly = true;
         f.hour = h;
         f.minute = m;
         f.second = s;
+    } else if (count(FieldKind::Other) == 0) {
+        // Digits and blank fields, as a box shows while it is being filled: a blank field never
+        // reads as a number on its own, so the text is incomplete.
+        return f;
     } else {
-        // Anything but digits (the box never shows it): the joined fields must read as a number,
-        // and each field on its own as well, so a blank field makes the text incomplete.
+        // Anything else (the box never shows it): the joined fields must read as a number, and
+        // each field on its own as well.
         QString joined;
         joined.reserve(6);
         joined.append(hour).append(minute).append(second);
