@@ -21,18 +21,20 @@ void BM_TimeFieldsNormalize(benchmark::State &bench)
 }
 BENCHMARK(BM_TimeFieldsNormalize);
 
-// What the inner change handler runs on a complete entry; arg 1 uses the "." separator, which
-// the general date parser reads.
+// What the inner change handler runs after a keystroke: 0 a complete entry, 1 the same with the
+// "." separator, which the general date parser reads, 2 a half-typed entry.
 void BM_TimeFieldsRead(benchmark::State &bench)
 {
-    const bool dot = bench.range(0) != 0;
-    const TimeFields fields(0, QLatin1Char(dot ? '.' : ':'));
-    const QString text = dot ? QStringLiteral("10.30.15 PM") : QStringLiteral("10:30:15 PM");
+    const int shape = int(bench.range(0));
+    const TimeFields fields(0, QLatin1Char(shape == 1 ? '.' : ':'));
+    const QString text = shape == 0 ? QStringLiteral("10:30:15 PM")
+                         : shape == 1 ? QStringLiteral("10.30.15 PM")
+                                      : QStringLiteral("10:3 :   PM");
     const QString raw = QStringLiteral("103015");
     for (auto _ : bench)
         benchmark::DoNotOptimize(fields.read(text, raw, Midnight, DayEnd));
 }
-BENCHMARK(BM_TimeFieldsRead)->Arg(0)->Arg(1);
+BENCHMARK(BM_TimeFieldsRead)->Arg(0)->Arg(1)->Arg(2);
 
 // The same text read the long way: canonical text, range test and the general date parser.
 void BM_TimeFieldsReadThroughParser(benchmark::State &bench)
