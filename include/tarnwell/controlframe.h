@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QCheckBox;
 class QLineEdit;
@@ -223,6 +224,14 @@ protected:
     // are those of MaskBox unless the control names its own.
     void setCommonDefaults(const CommonDefaults &defaults) { m_commonDefaults = &defaults; }
     const CommonDefaults &commonDefaults() const { return *m_commonDefaults; }
+
+    // What Value gives when there is no value: Null with NullIfEmpty, else Empty.
+    QVariant noValue() const;
+    // The start of a Value set the date and time controls share: Error(387) at design time;
+    // nothing (nullopt) when the host's can-property-change query refuses; otherwise "Value" is
+    // reported changed, a Null clears a shown check box (the enabled state of the value controls
+    // follows), and the value to set comes back with Null and "" turned into Empty.
+    std::optional<QVariant> beginValueSet(const QVariant &value);
 
     // Reports `name` changed to the host: dirty set and PropertyChanged.
     void markDirty(const QString &name);

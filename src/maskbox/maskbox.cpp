@@ -56,7 +56,7 @@ QString MaskBox::helpString(const char *propertyName)
 QVariant MaskBox::Value() const
 {
     if (CheckBox() && !Checked())
-        return NullIfEmpty() ? Variant::null() : Variant::empty();
+        return noValue();
     QString raw = m_engine->ExtractMaskValue(Text1()->text(), m_charCase);
     if (!m_promptInclude)
         raw.remove(QLatin1Char(' '));

@@ -25,20 +25,6 @@
 
 namespace Tarnwell {
 
-namespace {
-
-QVariant bagNumber(const QVariant &v)
-{
-    if (!Variant::isNumeric(v))
-        throw Error(Error::InvalidPropertyValue);
-    return v;
-}
-
-// The most decimals a formatter pattern is given from a bag (the Decimal type's scale).
-constexpr int MaxStoredDecimalPlaces = 28;
-
-} // namespace
-
 NumberBox::NumberBox(QWidget *parent)
     : ControlFrame(parent),
       m_display(std::make_unique<NumberDisplay>(QLocale())),
@@ -105,7 +91,7 @@ QVariant NumberBox::Value() const
 {
     if (!CheckBox() || Checked())
         return convert(m_value);
-    return NullIfEmpty() ? Variant::null() : QVariant();
+    return noValue();
 }
 
 void NumberBox::setValue(const QVariant &value)
@@ -551,135 +537,6 @@ bool NumberBox::filterDrop(QEvent *event)
     if (event->type() == QEvent::Drop)
         apply(result);
     return true;
-}
-
-// ---------------------------------------------------------------------------------------------
-// Persistence
-
-void NumberBox::InitProperties()
-{
-    CommonProperties::initialise(*this);
-    m_display->setThousandSeparator(true);
-    m_dataType = twCurrency;
-    m_minimum = NumberType::TypeLowerLimit(m_dataType);
-    m_maximum = NumberType::TypeUpperLimit(m_dataType);
-    m_value = QVariant::fromValue<qint16>(0);
-    m_display->setDecimalPlaces(MaxDecimalPlaces());
-    m_increment = QVariant::fromValue<qint16>(1);
-    m_negativeColor = DefaultNegativeColor;
-    m_useNegativeColor = true;
-    m_negativeDisabledColor = DefaultNegativeDisabledColor;
-    m_display->setCurrencySymbol(QStringLiteral("$"));
-    m_display->setShowCurrencySymbol(twNoCurrency);
-    m_upDown = false;
-    m_interceptArrowKeys = false;
-    ShowValue();
-    relayout();
-    applyTextColor();
-}
-
-void NumberBox::ReadProperties(PropertyBag &bag)
-{
-    using K = CommonKey;
-    const QLocale locale = m_display->locale();
-    int dataType = twCurrency;
-    // A number of the loaded type within the type's limits; a type outside the constants holds
-    // nothing, so anything numeric loads into it as Empty.
-    const auto number = [&dataType, &locale](const QVariant &v) {
-        const QVariant n = bagNumber(v);
-        if (NumberType::TypeUpperLimit(dataType).isValid()
-            && !NumberType::IsInRange(n, false, dataType, QVariant(), QVariant(), locale))
-            throw Error(Error::InvalidPropertyValue);
-        return NumberType::ConvertToType(n, dataType, locale);
-    };
-    // An absent bound is the type's limit exactly as the DataType set leaves it (the Single and
-    // Double figures stay the doubles they are published as); a stored one is taken in the type.
-    const auto bound = [&bag, &dataType, &number](const QString &key, bool upper) {
-        return [&bag, &dataType, &number, key, upper](const QVariant &v) {
-            if (!bag.contains(key))
-                return upper ? NumberType::TypeUpperLimit(dataType) : NumberType::TypeLowerLimit(dataType);
-            return number(v);
-        };
-    };
-    const auto boolean = [](const QVariant &v) { return QVariant(BagValue::toBool(v)); };
-    const auto color = [](const QVariant &v) { return QVariant::fromValue(BagValue::toColor(v)); };
-
-    BagPlan plan(*this);
-    plan.key(BagKey::DataType, qint32(twCurrency),
-             [&dataType](const QVariant &v) {
-                 dataType = int(BagValue::toInt(v, INT32_MIN, INT32_MAX));
-                 return dataType;
-             },
-             [this](const QVariant &v) { m_dataType = v.toInt(); })
-        .key(BagKey::Minimum, QVariant(), bound(BagKey::Minimum, false),
-             [this](const QVariant &v) { m_minimum = v; })
-        .key(BagKey::Maximum, QVariant(), bound(BagKey::Maximum, true),
-             [this](const QVariant &v) { m_maximum = v; })
-        .key(BagKey::Value, QVariant::fromValue<qint16>(0), number,
-             [this](const QVariant &v) { m_value = v; })
-        .common({K::BackColor, K::Enabled, K::Font})
-        .key(BagKey::ThousandSeparator, true, boolean,
-             [this](const QVariant &v) { m_display->setThousandSeparator(v.toBool()); })
-        .common({K::Locked, K::MouseIcon})
-        .key(BagKey::DecimalPlaces, qint16(0),
-             [](const QVariant &v) { return int(BagValue::toInt(v, 0, MaxStoredDecimalPlaces)); },
-             [this](const QVariant &v) { m_display->setDecimalPlaces(qint16(v.toInt())); })
-        .key(BagKey::UpDown, false, boolean, [this](const QVariant &v) { m_upDown = v.toBool(); })
-        .key(BagKey::Increment, QVariant::fromValue<qint16>(1), number,
-             [this](const QVariant &v) { m_increment = v; })
-        .key(BagKey::InterceptArrowKeys, false, boolean,
-             [this](const QVariant &v) { m_interceptArrowKeys = v.toBool(); })
-        .common({K::BorderStyle, K::ForeColor, K::DisabledColor})
-        .key(BagKey::NegativeColor, qint32(DefaultNegativeColor), color,
-             [this](const QVariant &v) { m_negativeColor = qvariant_cast<OleColor>(v); })
-        .key(BagKey::UseNegativeColor, true, boolean,
-             [this](const QVariant &v) { m_useNegativeColor = v.toBool(); })
-        .key(BagKey::NegativeDisabledColor, qint32(DefaultNegativeDisabledColor), color,
-             [this](const QVariant &v) { m_negativeDisabledColor = qvariant_cast<OleColor>(v); })
-        .common({K::Alignment, K::OLEDragMode, K::OLEDropMode, K::MouseIcon, K::MousePointer,
-                 K::SelectTextOnFocus})
-        .key(BagKey::CurrencySymbol, QStringLiteral("$"),
-             [](const QVariant &v) { return BagValue::toString(v); },
-             [this](const QVariant &v) { m_display->setCurrencySymbol(v.toString()); })
-        .key(BagKey::ShowCurrencySymbol, qint32(twNoCurrency),
-             [](const QVariant &v) { return int(BagValue::toInt(v, twNoCurrency, twRight)); },
-             [this](const QVariant &v) { m_display->setShowCurrencySymbol(v.toInt()); })
-        .step([this] { ShowValue(); })
-        .common({K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty})
-        .step([this] { updateValueControls(); })
-        .common({K::EnterAsTab})
-        .step([this] {
-            relayout();
-            applyTextColor();
-        });
-    plan.read(bag);
-}
-
-void NumberBox::WriteProperties(PropertyBag &bag) const
-{
-    using K = CommonKey;
-    bag.WriteProperty(BagKey::DataType, qint32(m_dataType), qint32(twCurrency));
-    bag.WriteProperty(BagKey::Minimum, m_minimum, NumberType::TypeLowerLimit(m_dataType));
-    bag.WriteProperty(BagKey::Maximum, m_maximum, NumberType::TypeUpperLimit(m_dataType));
-    bag.WriteProperty(BagKey::Value, m_value, QVariant::fromValue<qint16>(0));
-    CommonProperties::write(*this, bag, {K::BackColor, K::Enabled, K::Font});
-    bag.WriteProperty(BagKey::ThousandSeparator, ThousandSeparator(), true);
-    CommonProperties::write(*this, bag, {K::Locked, K::MouseIcon});
-    bag.WriteProperty(BagKey::DecimalPlaces, DecimalPlaces(), qint16(0));
-    bag.WriteProperty(BagKey::UpDown, m_upDown, false);
-    bag.WriteProperty(BagKey::Increment, m_increment, QVariant::fromValue<qint16>(1));
-    bag.WriteProperty(BagKey::InterceptArrowKeys, m_interceptArrowKeys, false);
-    CommonProperties::write(*this, bag, {K::BorderStyle, K::ForeColor, K::DisabledColor});
-    bag.WriteProperty(BagKey::NegativeColor, qint32(m_negativeColor.value()), qint32(DefaultNegativeColor));
-    bag.WriteProperty(BagKey::UseNegativeColor, m_useNegativeColor, true);
-    bag.WriteProperty(BagKey::NegativeDisabledColor, qint32(m_negativeDisabledColor.value()),
-                      qint32(DefaultNegativeDisabledColor));
-    CommonProperties::write(*this, bag, {K::Alignment, K::OLEDragMode, K::OLEDropMode, K::MouseIcon,
-                                         K::MousePointer, K::SelectTextOnFocus});
-    bag.WriteProperty(BagKey::CurrencySymbol, CurrencySymbol(), QStringLiteral("$"));
-    bag.WriteProperty(BagKey::ShowCurrencySymbol, qint32(ShowCurrencySymbol()), qint32(twNoCurrency));
-    CommonProperties::write(*this, bag, {K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty,
-                                         K::EnterAsTab});
 }
 
 } // namespace Tarnwell

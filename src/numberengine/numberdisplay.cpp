@@ -20,21 +20,51 @@ QChar firstCharOf(const QString &s, QChar fallback)
     return s.isEmpty() ? fallback : s.front();
 }
 
+struct Separators
+{
+    QChar thousands;
+    QChar decimal;
+    QChar minus;
+};
+
+Separators separatorsOf(const QLocale &locale)
+{
+    Separators s;
+    const QString sample = NumberFormat::format(QVariant(1000), QStringLiteral("#,##0.00"), locale);
+    s.thousands = sample.size() > 1 ? sample.at(1) : QChar();
+    s.decimal = sample.size() > 5 ? sample.at(5) : QChar();
+    if (s.thousands.isNull() || isAsciiDigit(s.thousands) || s.decimal.isNull()
+        || isAsciiDigit(s.decimal) || s.thousands == s.decimal) {
+        s.thousands = firstCharOf(locale.groupSeparator(), u',');
+        s.decimal = firstCharOf(locale.decimalPoint(), u'.');
+    }
+    const QString minus = NumberFormat::format(QVariant(-1), QStringLiteral("0"), locale);
+    s.minus = minus.size() == 2 && minus.at(1) == u'1' ? minus.at(0) : QChar(u'-');
+    return s;
+}
+
+// Every box of a process shares its locale: the separators are worked out once per locale and
+// again only when another locale comes along.
+const Separators &cachedSeparatorsOf(const QLocale &locale)
+{
+    static QLocale cachedLocale;
+    static Separators cached = separatorsOf(cachedLocale);
+    if (!(locale == cachedLocale)) {
+        cachedLocale = locale;
+        cached = separatorsOf(locale);
+    }
+    return cached;
+}
+
 } // namespace
 
 NumberDisplay::NumberDisplay(const QLocale &locale)
     : m_locale(locale)
 {
-    const QString sample = NumberFormat::format(QVariant(1000), QStringLiteral("#,##0.00"), locale);
-    m_thousands = sample.size() > 1 ? sample.at(1) : QChar();
-    m_decimal = sample.size() > 5 ? sample.at(5) : QChar();
-    if (m_thousands.isNull() || isAsciiDigit(m_thousands) || m_decimal.isNull()
-        || isAsciiDigit(m_decimal) || m_thousands == m_decimal) {
-        m_thousands = firstCharOf(locale.groupSeparator(), u',');
-        m_decimal = firstCharOf(locale.decimalPoint(), u'.');
-    }
-    const QString minus = NumberFormat::format(QVariant(-1), QStringLiteral("0"), locale);
-    m_minus = minus.size() == 2 && minus.at(1) == u'1' ? minus.at(0) : QChar(u'-');
+    const Separators &s = cachedSeparatorsOf(locale);
+    m_thousands = s.thousands;
+    m_decimal = s.decimal;
+    m_minus = s.minus;
 }
 
 QString NumberDisplay::BuildFormatString() const

@@ -2,6 +2,7 @@
 
 #include <tarnwell/error.h>
 #include <tarnwell/maskbox.h>
+#include <tarnwell/variant.h>
 
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
@@ -117,6 +118,32 @@ void ControlFrame::markDirty(const QString &name)
     if (!m_dirty.contains(name))
         m_dirty.append(name);
     emit PropertyChanged(name);
+}
+
+QVariant ControlFrame::noValue() const
+{
+    return m_nullIfEmpty ? Variant::null() : Variant::empty();
+}
+
+std::optional<QVariant> ControlFrame::beginValueSet(const QVariant &value)
+{
+    if (!m_userMode)
+        refuse(Error::SetNotPermitted);
+    if (!CanPropertyChange(BagKey::Value))
+        return std::nullopt;
+    QPointer<ControlFrame> self(this);
+    markDirty(BagKey::Value);
+    if (Variant::isNull(value)) {
+        if (m_checkBox)
+            setCheckValue(false);
+        if (!self)
+            return std::nullopt;
+        updateValueControls();
+        return Variant::empty();
+    }
+    if (value.typeId() == QMetaType::QString && value.toString().isEmpty())
+        return Variant::empty();
+    return value;
 }
 
 void ControlFrame::refuseSet() const

@@ -200,8 +200,9 @@ void LineEditor::apply(Applied what)
         m_text1->setAcceptDrops(m_frame.OLEDropMode() != ControlFrame::OLEDropNone);
         break;
     case Applied::CheckBox:
-        if (m_frame.CheckBox())
-            check1();
+        // Tab into the control stops on the check box first, as it stands left of the text; so
+        // does setFocus() on the control.
+        m_frame.setFocusProxy(m_frame.CheckBox() ? static_cast<QWidget *>(check1()) : m_text1);
         break;
     case Applied::EnterAsTab: // read by the key pipeline
     case Applied::ToolTip:    // the frame's own: Text1 shows its parent's tip

@@ -120,8 +120,13 @@ TEST_P(Range, RefusesOrClampsAndTheCalendarKeepsToIt)
         picker->setMinDate(day(2000, 1, 1));
         picker->setMaxDate(day(2030, 12, 31));
     }
-    void (DatePicker::*set[])(Date) = {&DatePicker::setValue, &DatePicker::setMinDate, &DatePicker::setMaxDate};
-    EXPECT_EQ(TestSupport::errorOf([&] { (picker->*set[row.field])(Date(row.serial)); }), row.error);
+    using Setter = void (DatePicker::*)(Date);
+    const Setter set = row.field == ValueField ? &DatePicker::setValue
+                       : row.field == MinField ? &DatePicker::setMinDate
+                                               : &DatePicker::setMaxDate;
+    DatePicker *target = picker;
+    const Date date(row.serial);
+    EXPECT_EQ(TestSupport::errorOf([target, set, date] { (target->*set)(date); }), row.error);
     EXPECT_EQ(std::tuple(picker->Value(), picker->MinDate(), picker->MaxDate()), std::tuple(row.value, row.min, row.max));
     EXPECT_TRUE(log.isEmpty());
     picker->showPopup();
