@@ -27,7 +27,6 @@ const TotalsRow totalsRows[] = {
     {"NoQuantityYet", "7.25", "", 0.0},
     {"CentsOnly", ".05", "7", 0.35},
 };
-
 class TotalsTable : public ::testing::TestWithParam<TotalsRow> {};
 
 TEST_P(TotalsTable, AmountFollowsPriceTimesQuantityAsTyped)

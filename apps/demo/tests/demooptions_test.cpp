@@ -35,7 +35,6 @@ const OptionsRow optionRows[] = {
     {"StrayWord", {"order.json"}, "", "", "", false, false, "unknown argument"},
     {"ErrorDropsEverythingElse", {"--design", "--bogus"}, "", "", "", false, false, "unknown"},
 };
-
 class DemoOptionsTable : public ::testing::TestWithParam<OptionsRow> {};
 
 TEST_P(DemoOptionsTable, Parses)

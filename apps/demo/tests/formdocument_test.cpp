@@ -117,7 +117,6 @@ const BadDocumentRow badDocumentRows[] = {
     {"Duplicate", DOCUMENT(R"([{"name": "txtCustomer", "properties": []}, {"name": "txtCustomer", "properties": []}])"),
      "appears twice"},
 };
-
 class BadDocumentTable : public ::testing::TestWithParam<BadDocumentRow> {};
 
 TEST_P(BadDocumentTable, IsRefusedAndChangesNothing)

@@ -77,7 +77,6 @@ struct Relayed {
     Tarnwell::Demo::SignalRelay relay{&emitter, QStringLiteral("fld"),
                                       [this](const QString &line) { lines.append(line); }};
 };
-
 class SignalRelayTable : public ::testing::TestWithParam<RelayRow> {};
 
 TEST_P(SignalRelayTable, LogsOneLineAsRaised)
