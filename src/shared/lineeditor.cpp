@@ -422,14 +422,6 @@ bool LineEditor::textFocusIn(QFocusEvent *event)
     // The line edit selects everything when tabbed into; whether entering selects is
     // SelectTextOnFocus's call alone, so without it the caret stays where it was.
     const Qt::FocusReason reason = event->reason();
-    // A Tab into the control stops at Check1 first. The focus chain alone cannot do it: Check1
-    // follows the frame there, and a Tab onto the frame lands on the frame's proxy, Text1. The
-    // frame does not have the focus yet while the focus is coming in from outside.
-    if (reason == Qt::TabFocusReason && !m_frame.HasFocus() && m_check1 && m_check1->isVisible()
-        && m_check1->isEnabled()) {
-        m_check1->setFocus(Qt::TabFocusReason);
-        return true;
-    }
     if (m_frame.SelectTextOnFocus()
         || (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason
             && reason != Qt::ShortcutFocusReason))
