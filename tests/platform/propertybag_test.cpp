@@ -215,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(Table, PropertyBagJson, testing::Values(
     DamageCase{"DuplicateKeepsFirstPlace", R"([{"key":"A","type":"Long","value":1},{"key":"B","type":"Long","value":2},{"key":"A","type":"Long","value":3}])",
                {u"A"_qs, u"B"_qs}}), TestSupport::rowName);
 
-TEST(PropertyBagJsonDuplicate, LastValueWins)
+TEST(PropertyBagJsonRepeatedKey, LastValueWins)
 {
     const PropertyBag bag = PropertyBag::fromJsonText(
         R"([{"key":"A","type":"Long","value":1},{"key":"A","type":"Long","value":3}])");
