@@ -340,7 +340,10 @@ void LineEditor::layout(int reservedWidth)
 
 int LineEditor::preferredHeight() const
 {
-    return m_text1->sizeHint().height();
+    // The text margins only squeeze the line into a box shorter than it (fitTextLine), so they
+    // depend on the size the box has now; what the text wants is the hint without them.
+    const QMargins fitted = m_text1->textMargins();
+    return m_text1->sizeHint().height() - fitted.top() - fitted.bottom();
 }
 
 void LineEditor::refresh()
