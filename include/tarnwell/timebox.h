@@ -68,10 +68,10 @@ public:
     // if shown, is ticked; otherwise Null (NullIfEmpty) or Empty.
     QVariant Value() const;
     // Anything that converts to a date (Error(13) or Error(6) otherwise, nothing changed); a value
-    // outside Minimum..Maximum leaves the control without a value and shows nothing new. Null
-    // unticks a shown check box; Null, Empty and "" clear the box, a time ticks it. Error(387) at
-    // design time; nothing happens when the host's can-property-change query refuses. Change is
-    // raised after every accepted set.
+    // outside Minimum..Maximum leaves the control without a value and shows nothing new. Null,
+    // Empty and "" clear the box and untick a shown check box; a time in range ticks it.
+    // Error(387) at design time; nothing happens when the host's can-property-change query
+    // refuses. Change is raised after every accepted set.
     void setValue(const QVariant &value);
 
     Date Minimum() const { return m_minimum; }

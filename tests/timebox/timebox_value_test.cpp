@@ -23,7 +23,9 @@ INSTANTIATE_TEST_SUITE_P(Formats, Masks, testing::Values(
     MaskRow{"UnknownFormatKeepsMask", 7, ":", 0, "##:##:## \\AM|HH:MM:SS AM/PM|:"}), rowName);
 
 // Typed from the caret at 0 of an empty box, then the focus leaves.
-struct TypeRow { const char *name; int format; char sep; Date min, max; const char *keys, *typed; int changes; const char *left; };
+struct TypeRow {
+    const char *name; int format; char sep; Date min, max; const char *keys, *typed; int changes; const char *left;
+};
 class Typing : public TimeBoxTest, public testing::WithParamInterface<TypeRow> {};
 TEST_P(Typing, ReadsEveryChange)
 {
