@@ -60,8 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Bags, BagRead, testing::Values(
     BagRow{"DotSeparator", "Separator", ".", 0, "##.##.## \\AM", "Empty"},
     BagRow{"MinimumAsText", "Minimum", "08:00", 0, "##:##:## \\AM", "Empty"},
     BagRow{"SeparatorRefused", "Separator", "-", 380, "##:## \\AM", "10:30:00"},
-    BagRow{"MinimumNoDate", "Minimum", "soon", 380, "##:## \\AM", "10:30:00"},
-    BagRow{"UpDownNoBoolean", "UpDown", "maybe", 380, "##:## \\AM", "10:30:00"}), rowName);
+    BagRow{"MinimumNoDate", "Minimum", "soon", 380, "##:## \\AM", "10:30:00"}), rowName);
 
 struct LayoutRow { const char *name; twBorderStyleConstants border; bool upDown, checkBox; };
 class Layout : public TimeBoxTest, public testing::WithParamInterface<LayoutRow> {};

@@ -6,7 +6,7 @@ namespace {
 
 struct StepRow {
     const char *name; int format; QVariant start; int caret; const char *keys, *shown; int changes;
-    Date min = Date(), max = DayEnd; bool intercept = true, locked = false;
+    Date min = Date(), max = DayEnd; bool intercept = true;
 };
 class Stepping : public TimeBoxTest, public testing::WithParamInterface<StepRow> {};
 TEST_P(Stepping, MovesTheFieldUnderTheCaret)
@@ -18,7 +18,6 @@ TEST_P(Stepping, MovesTheFieldUnderTheCaret)
     box->setMinimum(r.min);
     box->setMaximum(r.max);
     box->setValue(r.start);
-    box->setLocked(r.locked);
     QSignalSpy changes(box, &TimeBox::Change);
     focusAt(r.caret);
     play(r.keys);
@@ -40,9 +39,7 @@ INSTANTIATE_TEST_SUITE_P(Steps, Stepping, testing::Values(
     StepRow{"EmptyStartsFromNow", 2, QVariant(), 3, "^", "09:42:30|09:42:30", 1},
     StepRow{"EmptyStartsFromNowRaisedToMinimum", 2, QVariant(), 0, "^", "13:00:00|13:00:00", 1, hms(12, 0)},
     StepRow{"BeyondMaximumDropped", 2, QStringLiteral("10:00"), 3, "^u", "10:00:00|10:00:00", 0, Date(), hms(10, 0)},
-    StepRow{"ArrowsLeftToCaret", 2, QStringLiteral("10:00"), 0, "v^", "10:00:00|10:00:00", 0, Date(), DayEnd, false},
-    StepRow{"LockedDoesNothing", 2, QStringLiteral("10:00"), 0, "^u", "10:00:00|10:00:00", 0, Date(), DayEnd, true,
-            true}),
+    StepRow{"ArrowsLeftToCaret", 2, QStringLiteral("10:00"), 0, "v^", "10:00:00|10:00:00", 0, Date(), DayEnd, false}),
     TestSupport::rowName);
 
 } // namespace
