@@ -22,7 +22,7 @@ void BM_TimeFieldsNormalize(benchmark::State &bench)
 BENCHMARK(BM_TimeFieldsNormalize);
 
 // What the inner change handler runs after a keystroke: 0 a complete entry, 1 the same with the
-// "." separator, which the general date parser reads, 2 a half-typed entry.
+// "." separator, 2 a half-typed entry.
 void BM_TimeFieldsRead(benchmark::State &bench)
 {
     const int shape = int(bench.range(0));

@@ -25,7 +25,7 @@ using Tarnwell::TimeFields;
 namespace {
 
 constexpr int Day = 86400;
-constexpr int ThisYear = 2024; // the pinned clock's year
+constexpr int ThisYear = 2024; // the pinned clock's year: no reading may depend on it
 
 class Input
 {
@@ -101,39 +101,15 @@ int clockHour(int hour, bool pm)
     return hour < 12 ? hour + 12 : hour;
 }
 
-// The box's time as these rules say, in whole seconds from day 0: with ':' a time of day; with
-// '.' the date parser takes "HH.MM" as month and day of this year and "HH.MM.SS" as month, day
-// and two-digit year, except that a marker makes the seconds the hour of that day (and format 1
-// has a lone number left over: no date). -1 for no time.
+// The box's time as these rules say, in whole seconds from day 0: a time of day, whichever
+// separator the box shows (hour 0 is always AM, whatever the marker). -1 for no time.
 double expectedSerial(const TimeFields &fields, const QString &text)
 {
     const Shown s = shownFields(fields, text);
     if (!s.complete || s.hour > 23 || s.minute > 59 || s.second > 59)
         return -1;
-    if (fields.separator() == u':') {
-        // Hour 0 is always AM, whatever the marker.
-        const int hour = fields.hasAmPm() ? clockHour(s.hour, s.pm && s.hour != 0) : s.hour;
-        return double(hour * 3600 + s.minute * 60 + s.second) / Day;
-    }
-    int year = ThisYear;
-    int seconds = 0;
-    switch (fields.format()) {
-    case 0:
-        if (s.second > 23)
-            return -1;
-        seconds = clockHour(s.second, s.pm) * 3600;
-        break;
-    case 2:
-        year = s.second < 30 ? 2000 + s.second : 1900 + s.second;
-        break;
-    case 3:
-        break;
-    default:
-        return -1;
-    }
-    if (!QDate::isValid(year, s.hour, s.minute))
-        return -1;
-    return double(QDate(1899, 12, 30).daysTo(QDate(year, s.hour, s.minute))) + double(seconds) / Day;
+    const int hour = fields.hasAmPm() ? clockHour(s.hour, s.pm && s.hour != 0) : s.hour;
+    return double(hour * 3600 + s.minute * 60 + s.second) / Day;
 }
 
 // One step by plain arithmetic on seconds from midnight: the field under the caret moves by one,

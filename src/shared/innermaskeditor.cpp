@@ -107,11 +107,17 @@ void InnerMaskEditor::apply(Applied what)
 {
     switch (what) {
     case Applied::Colors:
-        m_box->setBackColor(m_frame.BackColor());
-        m_box->setForeColor(m_frame.ForeColor());
-        m_box->setDisabledColor(m_frame.DisabledColor());
+        // Only what differs: every colour set repaints the inner box's text box. A new palette
+        // reaches the inner box by itself, which then resolves its system colours again.
+        if (m_box->BackColor() != m_frame.BackColor())
+            m_box->setBackColor(m_frame.BackColor());
+        if (m_box->ForeColor() != m_frame.ForeColor())
+            m_box->setForeColor(m_frame.ForeColor());
+        if (m_box->DisabledColor() != m_frame.DisabledColor())
+            m_box->setDisabledColor(m_frame.DisabledColor());
         // Disabled by the outer frame as by its own setting, so that it shows DisabledColor.
-        m_box->setEnabled(m_frame.Enabled());
+        if (m_box->Enabled() != m_frame.Enabled())
+            m_box->setEnabled(m_frame.Enabled());
         break;
     case Applied::Cursor:
         m_box->setMouseIcon(m_frame.MouseIcon());

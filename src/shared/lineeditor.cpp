@@ -16,6 +16,8 @@
 #include <QScopedValueRollback>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace Tarnwell {
 
 namespace {
@@ -177,7 +179,14 @@ void LineEditor::paint(QWidget *box, const QColor &text, const QColor &base, boo
         return;
     }
     QPalette pal = box->palette();
-    for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    const auto groups = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+    // Setting a palette costs a resolve and a repaint even when nothing changes.
+    if (box->testAttribute(Qt::WA_SetPalette)
+        && std::all_of(groups.begin(), groups.end(), [&pal, &text, &base](QPalette::ColorGroup group) {
+               return pal.color(group, QPalette::Text) == text && pal.color(group, QPalette::Base) == base;
+           }))
+        return;
+    for (QPalette::ColorGroup group : groups) {
         pal.setColor(group, QPalette::Text, text);
         pal.setColor(group, QPalette::Base, base);
     }
@@ -341,7 +350,10 @@ void LineEditor::layout(int reservedWidth)
 
 int LineEditor::preferredHeight() const
 {
-    return m_text1->sizeHint().height();
+    // The text margins only squeeze the line into a box shorter than it (fitTextLine), so they
+    // depend on the size the box has now; what the text wants is the hint without them.
+    const QMargins fitted = m_text1->textMargins();
+    return m_text1->sizeHint().height() - fitted.top() - fitted.bottom();
 }
 
 void LineEditor::refresh()

@@ -18,6 +18,9 @@ constexpr int MinuteAt = 3;
 constexpr int SecondAt = 6;
 constexpr int SecondsPerDay = 86400;
 
+// How a time text is read, whichever separator the box shows.
+constexpr QChar TimeSeparator = u':';
+
 constexpr QStringView AmText = u"AM";
 constexpr QStringView PmText = u"PM";
 
@@ -225,17 +228,17 @@ TimeFields::Fields TimeFields::fieldsOf(QStringView text) const
     return f;
 }
 
-QString TimeFields::canonicalText(const Fields &f) const
+QString TimeFields::canonicalText(const Fields &f, QChar separator) const
 {
     if (!f.numeric)
         return QString();
     QString out;
     out.reserve(12);
     appendTwoDigits(out, f.hour);
-    out.append(m_separator);
+    out.append(separator);
     appendTwoDigits(out, f.minute);
     if (hasSeconds()) {
-        out.append(m_separator);
+        out.append(separator);
         appendTwoDigits(out, f.second);
     }
     if (hasAmPm()) {
@@ -249,8 +252,8 @@ std::optional<Date> TimeFields::dateOf(const Fields &f) const
 {
     // The general parser reads "HH:MM[:SS][ AM|PM]" of digits as a time of day on day 0: fields
     // past 23, 59, 59 are no time, and the marker moves 12 to 0 (AM) and 1..11 to 13..23 (PM).
-    // A "." separator makes the text a month and day instead, so only the colon is read here.
-    if (f.plain() && m_separator == u':') {
+    // Texts are read in their colon form whatever the box shows (see the class comment).
+    if (f.plain()) {
         const int second = int(f.second);
         if (f.hour > 23 || f.minute > 59 || second > 59)
             return std::nullopt;
@@ -263,7 +266,7 @@ std::optional<Date> TimeFields::dateOf(const Fields &f) const
         }
         return Date(double(hour * 3600 + f.minute * 60 + second) / double(SecondsPerDay));
     }
-    return Date::parse(canonicalText(f));
+    return Date::parse(canonicalText(f, TimeSeparator));
 }
 
 QString TimeFields::NormalizeTimeText(QStringView text) const
@@ -294,7 +297,7 @@ TimeFields::Reading TimeFields::read(QStringView text, QStringView rawValue, Dat
             return reading;
         time = dateOf(f);
     } else {
-        const QString canonical = canonicalText(f);
+        const QString canonical = canonicalText(f, TimeSeparator);
         if (!IsTimeTextInRange(canonical))
             return reading;
         time = Date::parse(canonical);
@@ -352,7 +355,7 @@ TimeFields::DayHalfSwitch TimeFields::switchDayHalf(QStringView text, DayHalf ha
         f.marker = marker;
         result.candidate = dateOf(f);
     } else {
-        QString candidate = canonicalText(f).left(hasSeconds() ? 9 : 6);
+        QString candidate = canonicalText(f, TimeSeparator).left(hasSeconds() ? 9 : 6);
         candidate.append(marker);
         result.candidate = Date::parse(candidate);
     }

@@ -22,6 +22,10 @@ namespace Tarnwell {
 //
 // Formats 0..3 are the twTimeFormatConstants; any other value is accepted and behaves as a format
 // with neither seconds nor AM/PM, but it has no mask: the box then keeps whatever mask it had.
+//
+// The separator is only the box's look. Whatever it is, a text is turned into a time as the colon
+// form of its canonical text: the general date parser would read "10.30" as 30 October, so a box
+// with the "." separator would otherwise never hold a time.
 class TimeFields
 {
 public:
@@ -91,8 +95,7 @@ public:
     // The time in the box's text, as the inner box's change handler takes it: usable when the
     // canonical text is a date text, is in range as above, and the inner box's raw value
     // (`rawValue`, the characters of its input positions) is not blank; then in range when
-    // minimum <= time <= maximum. With the ':' separator a box's digits are read without
-    // allocating.
+    // minimum <= time <= maximum. A box's digits are read without allocating.
     Reading read(QStringView text, QStringView rawValue, Date minimum, Date maximum) const;
 
     // The digits for a stored time: "HHMMSS" (24-hour) in formats 2 and 3 and any unknown one,
@@ -126,7 +129,8 @@ public:
 private:
     struct Fields;
     Fields fieldsOf(QStringView text) const;
-    QString canonicalText(const Fields &fields) const;
+    QString canonicalText(const Fields &fields, QChar separator) const;
+    QString canonicalText(const Fields &fields) const { return canonicalText(fields, m_separator); }
     std::optional<Date> dateOf(const Fields &fields) const;
 
     int m_format;

@@ -46,7 +46,7 @@ void PrintTo(const Row &row, std::ostream *os)
     *os << row.name;
 }
 
-// Each suite runs with one fixed moment: a "." separator reads the current year.
+// Each suite runs with one fixed moment, so that no reading can depend on today's date.
 template<typename Row>
 class Table : public testing::TestWithParam<Row>
 {
@@ -144,11 +144,12 @@ INSTANTIATE_TEST_SUITE_P(Texts, Read, testing::Values(
     ReadRow{"Hour24", 2, ':', "24:00:00", "240000", Midnight, Wide, Reading::NoTime, Midnight},
     ReadRow{"Incomplete", 0, ':', "1 :  :   AM", "1     ", Midnight, DayEnd, Reading::NoTime, Midnight},
     ReadRow{"LowerCaseMarker", 1, ':', "10:30 pm", "1030", Midnight, DayEnd, Reading::InRange, hms(22, 30)},
-    ReadRow{"DotIsMonthAndDay", 3, '.', "10.30", "1030", Midnight, Wide, Reading::InRange,
-            Date::fromYmd(2024, 10, 30)},
-    ReadRow{"DotWithSecondsIsYear", 2, '.', "10.30.15", "103015", Midnight, DayEnd, Reading::OutOfRange,
-            Date::fromYmd(2015, 10, 30)},
-    ReadRow{"DotHourMinuteMarkerNoDate", 1, '.', "10.30 PM", "1030", Midnight, Wide, Reading::NoTime, Midnight}),
+    ReadRow{"DotIsATimeNotADate", 3, '.', "10.30", "1030", Midnight, DayEnd, Reading::InRange, hms(10, 30)},
+    ReadRow{"DotWithSeconds", 2, '.', "10.30.15", "103015", Midnight, DayEnd, Reading::InRange, hms(10, 30, 15)},
+    ReadRow{"DotWithMarker", 1, '.', "10.30 PM", "1030", Midnight, DayEnd, Reading::InRange, hms(22, 30)},
+    ReadRow{"DotOddFieldReadAsNumber", 2, '.', "10.30.5.", "10305.", Midnight, DayEnd, Reading::InRange,
+            hms(10, 30, 5)},
+    ReadRow{"DotOutOfRange", 3, '.', "18.00", "1800", hms(8, 0), hms(17, 0), Reading::OutOfRange, hms(18, 0)}),
     rowName);
 
 struct ShownRow { const char *name; int format; Date time; QString digits; std::optional<QString> mask; };
@@ -189,8 +190,8 @@ INSTANTIATE_TEST_SUITE_P(Keys, Switch, testing::Values(
     SwitchRow{"OutOfRangeRefused", 0, ':', "09:00:00 AM", Half::PM, hms(17, 0), hms(21, 0), false},
     SwitchRow{"IncompleteRefused", 1, ':', "1 :   AM", Half::PM, DayEnd, None, false},
     SwitchRow{"Hour13StaysWithAm", 1, ':', "13:30 PM", Half::AM, DayEnd, hms(13, 30), true},
-    SwitchRow{"DotReadsADate", 0, '.', "10.30.12 AM", Half::PM, DayEnd,
-              Date(Date::fromYmd(2024, 10, 30).serial() + 0.5), false},
+    SwitchRow{"DotSwitchesTheTime", 0, '.', "10.30.12 AM", Half::PM, DayEnd, hms(22, 30, 12), true},
+    SwitchRow{"DotOddHourSwitches", 1, '.', "1..30 PM", Half::AM, DayEnd, hms(1, 30), true},
     SwitchRow{"NoAmPmFormat", 2, ':', "10:30:00", Half::PM, DayEnd, None, false}), rowName);
 
 struct StepRow {

@@ -1,0 +1,135 @@
+#pragma once
+#include <tarnwell/constants.h>
+#include <tarnwell/controlframe.h>
+#include <tarnwell/date.h>
+#include <tarnwell/global.h>
+
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+namespace Tarnwell {
+
+class PropertyBag;
+class TimeFields;
+class UpDownStepper;
+
+// A time of day typed into an inner masked box, mdtTime, in one of four formats (12- or 24-hour,
+// with or without seconds) with ":" or "." between the fields. The mask takes digits only; the
+// AM/PM marker is part of the mask and the A and P keys switch it. Every change of the text is
+// read at once: a complete time within Minimum..Maximum becomes the value, anything else leaves
+// the control without one (an out-of-range time stays visible until the focus leaves, then the
+// box is cleared). The up-down button UpDown1 and, with InterceptArrowKeys, the Up and Down keys
+// step the field under the caret; a step that would leave the range is dropped.
+//
+// Value holds a date: its date part is kept as given, and Minimum and Maximum compare with the
+// whole date. Minimum and Maximum are stored as they are set, unchecked against each other and
+// against the value. Format takes any number: one outside the constants keeps the mask it had.
+class TARNWELL_EXPORT TimeBox : public ControlFrame
+{
+    Q_OBJECT
+    Q_CLASSINFO("DefaultProperty", "Value")
+    // Help strings of the host's property browser, one entry "Help:<property>" each.
+    Q_CLASSINFO("Help:Value", "Returns/Sets the value.")
+    Q_CLASSINFO("Help:Text", "Returns the text contained in the control.")
+    Q_CLASSINFO("Help:NullIfEmpty",
+                "Set/returns whetrer the value properties returns Null or Empty if the data is invalid.")
+    Q_CLASSINFO("Help:UpDown", "Returns/Sets whether to display a up-down button.")
+    Q_CLASSINFO("Help:Separator", "Returns/Sets the char to display as separator.")
+    Q_PROPERTY(bool UpDown READ UpDown WRITE setUpDown)
+    Q_PROPERTY(Tarnwell::twTimeFormatConstants Format READ Format WRITE setFormat)
+    Q_PROPERTY(QString Separator READ Separator WRITE setSeparator)
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
+    Q_PROPERTY(bool InterceptArrowKeys READ InterceptArrowKeys WRITE setInterceptArrowKeys)
+    Q_PROPERTY(QString Text READ Text WRITE setText DESIGNABLE false STORED false)
+    Q_PROPERTY(Tarnwell::Date Minimum READ Minimum WRITE setMinimum)
+    Q_PROPERTY(Tarnwell::Date Maximum READ Maximum WRITE setMaximum)
+
+public:
+    // 23:59:59, the default Maximum.
+    static constexpr double DayEndSerial = 86399.0 / 86400.0;
+
+    explicit TimeBox(QWidget *parent = nullptr);
+    ~TimeBox() override;
+
+    bool UpDown() const { return m_upDown; }
+    void setUpDown(bool on);
+    bool InterceptArrowKeys() const { return m_interceptArrowKeys; }
+    void setInterceptArrowKeys(bool on);
+
+    twTimeFormatConstants Format() const { return static_cast<twTimeFormatConstants>(m_format); }
+    void setFormat(int format);
+    // ":" or "."; anything else throws Error(380) and changes nothing.
+    QString Separator() const { return QString(m_separator); }
+    void setSeparator(const QString &separator);
+
+    // The time (a Date) while the box holds a complete time within the range and the check box,
+    // if shown, is ticked; otherwise Null (NullIfEmpty) or Empty.
+    QVariant Value() const;
+    // Anything that converts to a date (Error(13) or Error(6) otherwise, nothing changed); a value
+    // outside Minimum..Maximum leaves the control without a value and shows nothing new. Null,
+    // Empty and "" clear the box and untick a shown check box; a time in range ticks it.
+    // Error(387) at design time; nothing happens when the host's can-property-change query
+    // refuses. Change is raised after every accepted set.
+    void setValue(const QVariant &value);
+
+    Date Minimum() const { return m_minimum; }
+    void setMinimum(Date minimum);
+    Date Maximum() const { return m_maximum; }
+    void setMaximum(Date maximum);
+
+    // The inner box's text as shown; empty while the check box is shown and unticked.
+    QString Text() const;
+    // Always refused: Error(382) at run time, Error(387) at design time.
+    void setText(const QString &text);
+
+    // Persistence. Reading refuses a bag value it cannot take with Error(380), changing nothing;
+    // a loaded box has no value.
+    Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
+    Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
+    Q_INVOKABLE void InitProperties();
+
+protected:
+    // Every change of the inner box's text is read at once; entering and leaving show the value.
+    void onTextChanged() override;
+    void onEnterFocus() override;
+    void onExitFocus() override;
+    // A and P switch the half of the day; the arrow keys step.
+    void handleKeyPress(short &keyAscii) override;
+    void handleKeyDown(short &keyCode, short &shift) override;
+    void updateValueControls() override;
+    void relayout() override;
+    int reservedWidth() const override;
+
+private:
+    // Who asks for the stored time to be shown: a Value set ticks a shown check box as the inner
+    // box's Value does; every other caller leaves the check box as the user left it.
+    enum class ShowFor { Display, ValueSet };
+
+    void rebuildFields();
+    void BuildTimeMask();
+    void ShowTimeValue(ShowFor reason = ShowFor::Display);
+    void clearShownTime();
+    bool textHidden() const;
+    void switchDayHalf(short keyAscii);
+    void step(bool up);
+
+    std::unique_ptr<TimeFields> m_fields;
+    std::unique_ptr<UpDownStepper> m_stepper;
+
+    int m_format = twHourMinuteSecondAMPM;
+    QChar m_separator = QLatin1Char(':');
+    QString m_currentMask;
+    Date m_time;
+    bool m_isValid = false;
+    Date m_minimum;
+    Date m_maximum = Date(DayEndSerial);
+    bool m_upDown = false;
+    bool m_interceptArrowKeys = false;
+    // A time to show once the check box is ticked again: while it hides the text nothing is
+    // written into it.
+    bool m_showPending = false;
+};
+
+} // namespace Tarnwell

@@ -1,0 +1,231 @@
+// TimeBox: its properties, the value, and what the inner box shows and reads.
+#include <tarnwell/timebox.h>
+
+#include <tarnwell/error.h>
+#include <tarnwell/maskbox.h>
+#include <tarnwell/variant.h>
+
+#include "shared/bagkeys.h"
+#include "shared/commonproperties.h"
+#include "shared/updownstepper.h"
+#include "timefields/timefields.h"
+
+#include <QPointer>
+
+namespace Tarnwell {
+
+namespace {
+
+// A time box starts left-aligned, without selecting on entry, in black text, unticked.
+const CommonDefaults timeBoxDefaults{twLeftJustify, false, OleColor(0), OleColor(0), false};
+
+// The tag text of the inner box: the format hint, kept for whoever looks (nothing here reads it).
+const char TagProperty[] = "Tag";
+
+} // namespace
+
+TimeBox::TimeBox(QWidget *parent)
+    : ControlFrame(parent, EditorKind::InnerMask, QStringLiteral("mdtTime")),
+      m_fields(std::make_unique<TimeFields>()),
+      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); }))
+{
+    Variant::registerTypes();
+    setCommonDefaults(timeBoxDefaults);
+    InitProperties();
+    clearDirty();
+}
+
+TimeBox::~TimeBox() = default;
+
+// ---------------------------------------------------------------------------------------------
+// Properties
+
+void TimeBox::setFormat(int format)
+{
+    m_format = format;
+    rebuildFields();
+    markDirty(BagKey::Format);
+    BuildTimeMask();
+    ShowTimeValue();
+}
+
+void TimeBox::setSeparator(const QString &separator)
+{
+    if (!TimeFields::isSeparatorText(separator))
+        throw Error(Error::InvalidPropertyValue);
+    m_separator = separator.front();
+    rebuildFields();
+    BuildTimeMask();
+    ShowTimeValue();
+    markDirty(BagKey::Separator);
+}
+
+void TimeBox::setMinimum(Date minimum)
+{
+    m_minimum = minimum;
+    markDirty(BagKey::Minimum);
+}
+
+void TimeBox::setMaximum(Date maximum)
+{
+    m_maximum = maximum;
+    markDirty(BagKey::Maximum);
+}
+
+QString TimeBox::Text() const
+{
+    return innerBox()->Text();
+}
+
+void TimeBox::setText(const QString &)
+{
+    refuseSet();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Value
+
+QVariant TimeBox::Value() const
+{
+    if (m_isValid && (!CheckBox() || Checked()))
+        return QVariant::fromValue(m_time);
+    return noValue();
+}
+
+void TimeBox::setValue(const QVariant &value)
+{
+    if (!UserMode())
+        throw Error(Error::SetNotPermitted);
+    // Converted before anything changes, so that a value that is no date changes nothing.
+    const bool clears = Variant::isNull(value) || Variant::isEmpty(value)
+                        || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
+    const Date time = clears ? Date() : Variant::toDate(value);
+    QPointer<TimeBox> self(this);
+    const std::optional<QVariant> accepted = beginValueSet(value);
+    if (!accepted || !self)
+        return;
+    if (clears) {
+        m_time = Date();
+        m_isValid = false;
+        m_showPending = false;
+        UpdatingGuard updating(*this);
+        BuildTimeMask();
+        innerBox()->setValue(Variant::null()); // clears the box, unticking a shown check box
+        updateValueControls();
+    } else if (TimeFields::inRange(time, m_minimum, m_maximum)) {
+        m_time = time;
+        m_isValid = true;
+        ShowTimeValue(ShowFor::ValueSet);
+    } else {
+        m_isValid = false; // the old text stays until the box is shown again
+    }
+    if (self)
+        emit Change();
+}
+
+// ---------------------------------------------------------------------------------------------
+// What the inner box shows
+
+void TimeBox::rebuildFields()
+{
+    *m_fields = TimeFields(m_format, m_separator);
+}
+
+void TimeBox::BuildTimeMask()
+{
+    UpdatingGuard updating(*this);
+    MaskBox *box = innerBox();
+    // A format outside the constants has no mask of its own: the current one is sent again.
+    if (const std::optional<QString> mask = m_fields->mask()) {
+        m_currentMask = *mask;
+        const QString hint = *m_fields->formatHint();
+        box->setProperty(TagProperty, hint);
+        setAccessibleDescription(hint);
+    }
+    box->setMask(m_currentMask);
+}
+
+bool TimeBox::textHidden() const
+{
+    return CheckBox() && !Checked();
+}
+
+void TimeBox::ShowTimeValue(ShowFor reason)
+{
+    UpdatingGuard updating(*this);
+    MaskBox *box = innerBox();
+    if (!UserMode()) {
+        // At design time the box shows its mask, never a time.
+        updateValueControls();
+        return;
+    }
+    if (m_isValid) {
+        const TimeFields::Shown shown = m_fields->shownTime(m_time);
+        if (shown.mask) {
+            m_currentMask = *shown.mask;
+            box->setMask(m_currentMask);
+        }
+        // Writing a value into the inner box ticks its check box; a box the user (or the host)
+        // left unticked keeps its time for when it is ticked again.
+        m_showPending = reason == ShowFor::Display && textHidden();
+        if (!m_showPending)
+            box->setValue(shown.digits);
+    } else {
+        m_showPending = false;
+        clearShownTime();
+    }
+    updateValueControls();
+}
+
+void TimeBox::clearShownTime()
+{
+    // Null empties the inner box and unticks its check box; an unticked box needs no more, and a
+    // ticked one is emptied with a blank (which fits every position) so that it stays ticked.
+    MaskBox *box = innerBox();
+    if (box->CheckBox() && box->Checked())
+        box->setValue(QString(QLatin1Char(' ')));
+    else
+        box->setValue(Variant::null());
+}
+
+// The inner box's text changed (typing, the A/P switch, its check box): read it again. The text
+// itself is never rewritten here, so an out-of-range time stays visible while there is no value.
+void TimeBox::onTextChanged()
+{
+    if (Updating())
+        return;
+    QPointer<TimeBox> self(this);
+    if (m_showPending && !textHidden())
+        ShowTimeValue();
+    MaskBox *box = innerBox();
+    const QVariant raw = box->Value();
+    const TimeFields::Reading reading =
+        m_fields->read(box->Text(), raw.typeId() == QMetaType::QString ? raw.toString() : QString(),
+                       m_minimum, m_maximum);
+    m_isValid = reading.valid();
+    m_time = m_isValid ? reading.time : Date();
+    updateValueControls();
+    markDirty(BagKey::Value);
+    if (self)
+        emit Change();
+}
+
+void TimeBox::onEnterFocus()
+{
+    ShowTimeValue();
+    ControlFrame::onEnterFocus();
+}
+
+void TimeBox::onExitFocus()
+{
+    ControlFrame::onExitFocus();
+    ShowTimeValue();
+}
+
+void TimeBox::updateValueControls()
+{
+    if (m_stepper)
+        m_stepper->updateEnabled();
+}
+
+} // namespace Tarnwell
