@@ -340,7 +340,10 @@ void LineEditor::layout(int reservedWidth)
 
 int LineEditor::preferredHeight() const
 {
-    return m_text1->sizeHint().height();
+    // What the font asks for: the margins that fit its line into a shorter box are left out, or
+    // the hint would follow the box instead of the font.
+    const QMargins fitted = m_text1->textMargins();
+    return m_text1->sizeHint().height() - fitted.top() - fitted.bottom();
 }
 
 void LineEditor::refresh()
