@@ -107,9 +107,14 @@ void InnerMaskEditor::apply(Applied what)
 {
     switch (what) {
     case Applied::Colors:
-        m_box->setBackColor(m_frame.BackColor());
-        m_box->setForeColor(m_frame.ForeColor());
-        m_box->setDisabledColor(m_frame.DisabledColor());
+        // Each set repaints the inner text box, so only what changed is set: a new control
+        // passes here several times. A new palette reaches the inner box by itself.
+        if (m_box->BackColor() != m_frame.BackColor())
+            m_box->setBackColor(m_frame.BackColor());
+        if (m_box->ForeColor() != m_frame.ForeColor())
+            m_box->setForeColor(m_frame.ForeColor());
+        if (m_box->DisabledColor() != m_frame.DisabledColor())
+            m_box->setDisabledColor(m_frame.DisabledColor());
         // Disabled by the outer frame as by its own setting, so that it shows DisabledColor.
         m_box->setEnabled(m_frame.Enabled());
         break;

@@ -16,6 +16,9 @@
 #include <QScopedValueRollback>
 #include <QStyle>
 
+#include <algorithm>
+#include <iterator>
+
 namespace Tarnwell {
 
 namespace {
@@ -132,8 +135,8 @@ void LineEditor::write(const QString &text, int selStart, int selLength)
     const int start = qBound(0, selStart, length);
     if (selLength > 0)
         m_text1->setSelection(start, qMin(selLength, length - start));
-    else
-        m_text1->setCursorPosition(start);
+    else if (m_text1->cursorPosition() != start || m_text1->hasSelectedText())
+        m_text1->setCursorPosition(start); // a caret that moves is announced to accessibility
 }
 
 void LineEditor::textChanged(const QString &text)
@@ -176,8 +179,18 @@ void LineEditor::paint(QWidget *box, const QColor &text, const QColor &base, boo
             box->setPalette(QPalette());
         return;
     }
-    QPalette pal = box->palette();
-    for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    constexpr QPalette::ColorGroup groups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+    // Painted in these colours already (a control sets several colours in a row, most of which
+    // leave the text as it is): a new palette would only be propagated for nothing.
+    const QPalette &current = box->palette();
+    if (box->testAttribute(Qt::WA_SetPalette)
+        && std::all_of(std::begin(groups), std::end(groups), [&](QPalette::ColorGroup group) {
+               return current.color(group, QPalette::Text) == text
+                      && current.color(group, QPalette::Base) == base;
+           }))
+        return;
+    QPalette pal = current;
+    for (QPalette::ColorGroup group : groups) {
         pal.setColor(group, QPalette::Text, text);
         pal.setColor(group, QPalette::Base, base);
     }
