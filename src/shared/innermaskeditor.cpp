@@ -17,6 +17,7 @@ InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
     m_box->setSelectTextOnFocus(false);
     m_box->setUserMode(frame.UserMode());
     m_box->clearDirty();
+    m_checked = m_box->Checked();
     relayEvents();
 }
 
@@ -90,8 +91,19 @@ void InnerMaskEditor::relayEvents()
             keyCode = 0;
         }
     });
-    connect(m_box, &ControlFrame::Change, this, [outer] {
+    connect(m_box, &ControlFrame::Change, this, [this, outer] {
         try {
+            // The inner box raises Change for its check box as well: the outer control's value
+            // controls follow the box, as they do on a line control.
+            if (m_box->Checked() != m_checked) {
+                QPointer<ControlFrame> self(outer);
+                m_checked = m_box->Checked();
+                outer->updateValueControls();
+                if (self)
+                    outer->afterCheckClick();
+                if (!self)
+                    return;
+            }
             outer->onTextChanged();
         } catch (...) {
         }
