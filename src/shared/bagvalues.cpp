@@ -1,6 +1,7 @@
 #include "shared/bagvalues.h"
 
 #include <tarnwell/error.h>
+#include <tarnwell/variant.h>
 
 #include <QImage>
 
@@ -73,6 +74,17 @@ QPixmap toPicture(const QVariant &value)
     if (value.typeId() == QMetaType::QImage)
         return QPixmap::fromImage(qvariant_cast<QImage>(value));
     refuse();
+}
+
+Date toDate(const QVariant &value)
+{
+    if (!value.isValid() || Variant::isNull(value))
+        refuse();
+    try {
+        return Variant::toDate(value);
+    } catch (const Error &) {
+        refuse();
+    }
 }
 
 } // namespace Tarnwell::BagValue
