@@ -4,11 +4,12 @@
 // spin box time), so machine noise hits both alike.
 #include <tarnwell/numberbox.h>
 
+#include "sidebyside.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QDoubleSpinBox>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
 
@@ -16,6 +17,8 @@
 #include <memory>
 
 namespace {
+
+using SideBySide::sendKey;
 
 using Clock = std::chrono::steady_clock;
 
@@ -47,14 +50,6 @@ struct Widgets
     QLineEdit *boxEdit;
     QLineEdit *spinEdit;
 };
-
-void sendKey(QWidget *target, int key, const QString &text)
-{
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &release);
-}
 
 void typeInto(QLineEdit *edit, const QString &keys)
 {

@@ -1,6 +1,7 @@
 #include "sidebyside.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 
 #include <malloc.h>
 #include <memory>
@@ -30,6 +31,14 @@ Clock::duration batch(const Factory &make, double *bytesPerWidget)
 }
 
 } // namespace
+
+void sendKey(QWidget *target, int key, const QString &text)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(target, &press);
+    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(target, &release);
+}
 
 void report(benchmark::State &state, Clock::duration ours, Clock::duration theirs)
 {

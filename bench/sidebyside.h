@@ -4,6 +4,7 @@
 // scripts/bench.sh prints at the end.
 #include <benchmark/benchmark.h>
 
+#include <QString>
 #include <QWidget>
 
 #include <chrono>
@@ -16,6 +17,9 @@ using Clock = std::chrono::steady_clock;
 using Factory = std::function<void(QWidget *parent)>;
 
 constexpr int CreationBatch = 1000;
+
+// A key pressed and released on `target`, as the keyboard delivers it to the focus widget.
+void sendKey(QWidget *target, int key, const QString &text = QString());
 
 // Reports the two accumulated times (and any extra counters already set) with their ratio.
 void report(benchmark::State &state, Clock::duration ours, Clock::duration theirs);

@@ -78,12 +78,12 @@ QPixmap toPicture(const QVariant &value)
 
 Date toDate(const QVariant &value)
 {
-    if (Variant::isNull(value))
+    if (!value.isValid() || Variant::isNull(value))
         refuse();
     try {
         return Variant::toDate(value);
     } catch (const Error &) {
-        refuse(); // no date, or a serial outside the valid range
+        refuse();
     }
 }
 

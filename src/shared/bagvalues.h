@@ -22,7 +22,8 @@ QString toString(const QVariant &value);
 QFont toFont(const QVariant &value);
 // No picture (Empty or Null), a pixmap or an image.
 QPixmap toPicture(const QVariant &value);
-// A date stored as itself, as its serial number or as a date text.
+// A date (or a time of day) stored as itself, as its serial number or as a date text; a value
+// outside the years the date type holds is unreadable too.
 Date toDate(const QVariant &value);
 
 } // namespace Tarnwell::BagValue

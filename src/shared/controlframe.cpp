@@ -394,28 +394,36 @@ void ControlFrame::applyTextColor()
 void ControlFrame::paintTextBox(QWidget *box) const
 {
     const OleColor text = textColor();
-    // The default colours in an enabled control are the natural palette's own.
-    const bool natural = isEnabled() && text == OleColor::WindowText
-                         && m_backColor == OleColor::WindowBackground;
-    LineEditor::paint(box, resolveColor(text), resolveColor(m_backColor), natural);
+    const QColor textColour = resolveColor(text);
+    const QColor backColour = resolveColor(m_backColor);
+    // The default colours in an enabled control are the natural palette's own, and so are colours
+    // it happens to hold already (a new palette comes back here, through changeEvent()).
+    const QPalette &own = palette();
+    const auto holds = [&](QPalette::ColorGroup group) {
+        return own.color(group, QPalette::Text) == textColour && own.color(group, QPalette::Base) == backColour;
+    };
+    const bool natural = isEnabled()
+                         && ((text == OleColor::WindowText && m_backColor == OleColor::WindowBackground)
+                             || (holds(QPalette::Active) && holds(QPalette::Inactive)));
+    LineEditor::paint(box, textColour, backColour, natural);
 }
 
 void ControlFrame::applyBorder()
 {
-    switch (m_borderStyle) {
-    case twNone:
-        setFrameStyle(QFrame::NoFrame | QFrame::Plain);
-        setLineWidth(0);
-        break;
-    case twFixedSingle:
-        setFrameStyle(QFrame::Box | QFrame::Plain);
-        setLineWidth(1);
-        break;
-    case twFixed3D:
-        setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        setLineWidth(2);
-        break;
+    int style = QFrame::Panel | QFrame::Sunken;
+    int width = 2;
+    if (m_borderStyle == twNone) {
+        style = QFrame::NoFrame | QFrame::Plain;
+        width = 0;
+    } else if (m_borderStyle == twFixedSingle) {
+        style = QFrame::Box | QFrame::Plain;
+        width = 1;
     }
+    // Each set lays the frame out again, also with the value it has.
+    if (frameStyle() != style)
+        setFrameStyle(style);
+    if (lineWidth() != width)
+        setLineWidth(width);
     m_editor->apply(FrameEditor::Applied::Colors);
     update(); // the strip around the inner widgets takes the back colour (paintEvent)
     // The frame's width changed the inner area.

@@ -79,11 +79,12 @@ Date wholeDay(Date date)
 
 } // namespace
 
-DatePicker::DatePicker(QWidget *parent) : QWidget(parent), m_value(Date::today())
+DatePicker::DatePicker(QWidget *parent) : DatePicker(parent, Date::today()) {}
+
+DatePicker::DatePicker(QWidget *parent, Date value) : QWidget(parent), m_value(wholeDay(value))
 {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
-    setAccessibleName(QStringLiteral("Open calendar"));
 }
 
 DatePicker::~DatePicker()
@@ -348,6 +349,15 @@ void DatePicker::changeEvent(QEvent *event)
     else if (event->type() == QEvent::PaletteChange)
         applyLook(); // system colours follow the new palette
     QWidget::changeEvent(event);
+}
+
+void DatePicker::showEvent(QShowEvent *event)
+{
+    // Named once it can be seen: Qt builds a widget's accessible interface for every name it is
+    // given, which a form full of pickers that are never shown should not pay for.
+    if (accessibleName().isEmpty())
+        setAccessibleName(QStringLiteral("Open calendar"));
+    QWidget::showEvent(event);
 }
 
 void DatePicker::hideEvent(QHideEvent *event)

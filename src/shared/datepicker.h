@@ -51,7 +51,11 @@ public:
     // The parts of the calendar that take a colour of their own.
     enum ColorPart { MonthBack, MonthFore, TitleBack, TitleFore, TrailingFore, ColorPartCount };
 
+    // Value starts at today.
     explicit DatePicker(QWidget *parent = nullptr);
+    // Value starts at `value` (within 1601..9999): an owner that sets its own value at once spares
+    // the reading of the clock.
+    DatePicker(QWidget *parent, Date value);
     ~DatePicker() override;
 
     Date Value() const { return m_value; }
@@ -99,6 +103,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 

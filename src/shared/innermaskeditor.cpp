@@ -17,6 +17,7 @@ InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
     m_box->setSelectTextOnFocus(false);
     m_box->setUserMode(frame.UserMode());
     m_box->clearDirty();
+    m_checked = m_box->Checked();
     relayEvents();
 }
 
@@ -90,8 +91,19 @@ void InnerMaskEditor::relayEvents()
             keyCode = 0;
         }
     });
-    connect(m_box, &ControlFrame::Change, this, [outer] {
+    connect(m_box, &ControlFrame::Change, this, [this, outer] {
         try {
+            // The inner box raises Change for its check box as well: the outer control's value
+            // controls follow the box, as they do on a line control.
+            if (m_box->Checked() != m_checked) {
+                QPointer<ControlFrame> self(outer);
+                m_checked = m_box->Checked();
+                outer->updateValueControls();
+                if (self)
+                    outer->afterCheckClick();
+                if (!self)
+                    return;
+            }
             outer->onTextChanged();
         } catch (...) {
         }
@@ -107,8 +119,8 @@ void InnerMaskEditor::apply(Applied what)
 {
     switch (what) {
     case Applied::Colors:
-        // Only what differs: every colour set repaints the inner box's text box. A new palette
-        // reaches the inner box by itself, which then resolves its system colours again.
+        // Each set repaints the inner text box, so only what changed is set: a new control
+        // passes here several times. A new palette reaches the inner box by itself.
         if (m_box->BackColor() != m_frame.BackColor())
             m_box->setBackColor(m_frame.BackColor());
         if (m_box->ForeColor() != m_frame.ForeColor())

@@ -12,8 +12,9 @@ class MaskBox;
 // driven only through MaskBox's public interface. It forwards the common properties to the inner
 // box, keeps the box in the outer control's design or run mode, relays its events to the outer
 // control once and by reference (then runs the outer control's key hooks), and reports the inner
-// box's Change to the outer control's onTextChanged(). The inner box never selects on entry of
-// its own: selecting on entry is the outer control's SelectTextOnFocus.
+// box's Change to the outer control's onTextChanged() (after updateValueControls() and
+// afterCheckClick() when the Change came from its check box). The inner box never selects on
+// entry of its own: selecting on entry is the outer control's SelectTextOnFocus.
 class InnerMaskEditor final : public QObject, public FrameEditor
 {
     Q_OBJECT
@@ -50,6 +51,7 @@ private:
 
     ControlFrame &m_frame;
     MaskBox *m_box = nullptr;
+    bool m_checked = true; // the inner check box as the outer control last saw it
 };
 
 } // namespace Tarnwell

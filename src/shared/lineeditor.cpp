@@ -17,6 +17,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Tarnwell {
 
@@ -134,8 +135,8 @@ void LineEditor::write(const QString &text, int selStart, int selLength)
     const int start = qBound(0, selStart, length);
     if (selLength > 0)
         m_text1->setSelection(start, qMin(selLength, length - start));
-    else
-        m_text1->setCursorPosition(start);
+    else if (m_text1->cursorPosition() != start || m_text1->hasSelectedText())
+        m_text1->setCursorPosition(start); // a caret that moves is announced to accessibility
 }
 
 void LineEditor::textChanged(const QString &text)
@@ -178,14 +179,17 @@ void LineEditor::paint(QWidget *box, const QColor &text, const QColor &base, boo
             box->setPalette(QPalette());
         return;
     }
-    QPalette pal = box->palette();
-    const auto groups = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
-    // Setting a palette costs a resolve and a repaint even when nothing changes.
+    constexpr QPalette::ColorGroup groups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+    // Painted in these colours already (a control sets several colours in a row, most of which
+    // leave the text as it is): a new palette would only be propagated for nothing.
+    const QPalette &current = box->palette();
     if (box->testAttribute(Qt::WA_SetPalette)
-        && std::all_of(groups.begin(), groups.end(), [&pal, &text, &base](QPalette::ColorGroup group) {
-               return pal.color(group, QPalette::Text) == text && pal.color(group, QPalette::Base) == base;
+        && std::all_of(std::begin(groups), std::end(groups), [&](QPalette::ColorGroup group) {
+               return current.color(group, QPalette::Text) == text
+                      && current.color(group, QPalette::Base) == base;
            }))
         return;
+    QPalette pal = current;
     for (QPalette::ColorGroup group : groups) {
         pal.setColor(group, QPalette::Text, text);
         pal.setColor(group, QPalette::Base, base);
@@ -350,8 +354,8 @@ void LineEditor::layout(int reservedWidth)
 
 int LineEditor::preferredHeight() const
 {
-    // The text margins only squeeze the line into a box shorter than it (fitTextLine), so they
-    // depend on the size the box has now; what the text wants is the hint without them.
+    // What the font asks for: the margins that fit its line into a shorter box are left out, or
+    // the hint would follow the box instead of the font.
     const QMargins fitted = m_text1->textMargins();
     return m_text1->sizeHint().height() - fitted.top() - fitted.bottom();
 }

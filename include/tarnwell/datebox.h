@@ -1,0 +1,176 @@
+#pragma once
+#include <tarnwell/constants.h>
+#include <tarnwell/controlframe.h>
+#include <tarnwell/date.h>
+#include <tarnwell/global.h>
+#include <tarnwell/olecolor.h>
+
+#include <QFont>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+
+namespace Tarnwell {
+
+class DateFields;
+class DatePicker;
+class PropertyBag;
+class UpDownStepper;
+
+// One date, typed into an inner MaskBox (mdtDate) through a numeric mask in the order Format
+// names ("##/##/####" day first), with Separator as the literal between the fields. While the
+// control has the focus it shows those edit digits; without the focus the mask goes and the date
+// is shown through the DisplayFormat pattern ("07/Mar/2024").
+//
+// Every accepted keystroke raises Change, whether the text is a date yet or not; Value is a date
+// only while the text reads as a real calendar date within Minimum..Maximum, else Null
+// (NullIfEmpty) or Empty. The Up and Down keys (with InterceptArrowKeys) and the spin button
+// UpDown1 (month-and-year boxes) step the field under the caret; every other box carries the
+// drop-down calendar fdt, opened by its button, Alt+Down or F4. Minimum and Maximum live in the
+// calendar: a bound it refuses is dropped silently.
+//
+// Setting Separator takes only one of " /-." (Error 380 otherwise) and shows at once in the edit
+// mask, while the unfocused display keeps its pattern until Format or DisplayFormat is set again.
+// Format takes any number; one outside the constants leaves mask and pattern as they are and no
+// text reads as a date in it.
+class TARNWELL_EXPORT DateBox : public ControlFrame
+{
+    Q_OBJECT
+    Q_CLASSINFO("DefaultProperty", "Value")
+    // Help strings of the host's property browser, one entry "Help:<property>" each.
+    Q_CLASSINFO("Help:Format", "Returns/Sets the format to display/input dates when the object has focus.")
+    Q_CLASSINFO("Help:DisplayFormat",
+                "Returns/Sets the format to display dates when the object hasn't focus.")
+    Q_CLASSINFO("Help:Separator", "Returns/Sets the char to display as separator.")
+    Q_CLASSINFO("Help:UpDown", "Returns/Sets whether to display a up-down button.")
+    Q_CLASSINFO("Help:CalendarBackColor",
+                "Returns/sets the background color used to display the month portion of the dropdown calendar.")
+    Q_CLASSINFO("Help:CalendarTitleBackColor",
+                "Returns/sets the background color used to display the title portion of the dropdown calendar.")
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
+    Q_PROPERTY(QString Text READ Text WRITE setText DESIGNABLE false STORED false)
+    Q_PROPERTY(Tarnwell::twDateFormatConstants Format READ Format WRITE setFormat)
+    Q_PROPERTY(QString Separator READ Separator WRITE setSeparator)
+    Q_PROPERTY(QString DisplayFormat READ DisplayFormat WRITE setDisplayFormat)
+    Q_PROPERTY(Tarnwell::Date Minimum READ Minimum WRITE setMinimum)
+    Q_PROPERTY(Tarnwell::Date Maximum READ Maximum WRITE setMaximum)
+    Q_PROPERTY(bool UpDown READ UpDown WRITE setUpDown)
+    Q_PROPERTY(bool InterceptArrowKeys READ InterceptArrowKeys WRITE setInterceptArrowKeys)
+    Q_PROPERTY(Tarnwell::OleColor CalendarBackColor READ CalendarBackColor WRITE setCalendarBackColor)
+    Q_PROPERTY(Tarnwell::OleColor CalendarForeColor READ CalendarForeColor WRITE setCalendarForeColor)
+    Q_PROPERTY(Tarnwell::OleColor CalendarTitleBackColor READ CalendarTitleBackColor
+                   WRITE setCalendarTitleBackColor)
+    Q_PROPERTY(Tarnwell::OleColor CalendarTitleForeColor READ CalendarTitleForeColor
+                   WRITE setCalendarTitleForeColor)
+    Q_PROPERTY(Tarnwell::OleColor CalendarTrailingForeColor READ CalendarTrailingForeColor
+                   WRITE setCalendarTrailingForeColor)
+    Q_PROPERTY(QFont CalendarFont READ CalendarFont WRITE setCalendarFont)
+
+public:
+    explicit DateBox(QWidget *parent = nullptr);
+    ~DateBox() override;
+
+    // The date (a Tarnwell::Date), or Null (NullIfEmpty) / Empty while there is no valid date or
+    // the check box is shown and cleared.
+    QVariant Value() const;
+    // Error(387) at design time; nothing when the host's can-property-change query refuses;
+    // Error(13) for a value that is no date (nothing changes then). Null clears a shown check box;
+    // Null and "" leave no date; a date outside Minimum..Maximum leaves no valid date either.
+    // Raises Change.
+    void setValue(const QVariant &value);
+
+    // The inner box's text, literals included. It cannot be set (387 at design time, 382 at run
+    // time); neither can SelText.
+    QString Text() const;
+    void setText(const QString &text);
+
+    twDateFormatConstants Format() const { return static_cast<twDateFormatConstants>(m_format); }
+    void setFormat(int format);
+    QString Separator() const { return m_separator; }
+    void setSeparator(const QString &separator);
+    QString DisplayFormat() const { return m_displayFormat; }
+    void setDisplayFormat(const QString &pattern);
+
+    // Held by the calendar; a bound it refuses (outside 1601..9999, or across the other bound) is
+    // dropped without an error. The present value is not checked again.
+    Date Minimum() const;
+    void setMinimum(Date minimum);
+    Date Maximum() const;
+    void setMaximum(Date maximum);
+
+    // Switching the button on or off switches arrow-key stepping with it.
+    bool UpDown() const { return m_upDown; }
+    void setUpDown(bool on);
+    bool InterceptArrowKeys() const { return m_interceptArrowKeys; }
+    void setInterceptArrowKeys(bool on);
+
+    OleColor CalendarBackColor() const;
+    void setCalendarBackColor(OleColor color);
+    OleColor CalendarForeColor() const;
+    void setCalendarForeColor(OleColor color);
+    OleColor CalendarTitleBackColor() const;
+    void setCalendarTitleBackColor(OleColor color);
+    OleColor CalendarTitleForeColor() const;
+    void setCalendarTitleForeColor(OleColor color);
+    OleColor CalendarTrailingForeColor() const;
+    void setCalendarTrailingForeColor(OleColor color);
+    // The font of the calendar button and its calendar; the ambient font until one is set.
+    QFont CalendarFont() const;
+    void setCalendarFont(const QFont &font);
+
+    // Opens the calendar, as Alt+Down does, when the calendar button is shown.
+    Q_INVOKABLE void ShowDropDown();
+
+    Q_INVOKABLE void InitProperties();
+    // A bag value that cannot be read (or a Separator the property would refuse) throws
+    // Error(380) and leaves the control as it was.
+    Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
+    Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
+
+signals:
+    // The calendar opened.
+    void DropDown();
+
+protected:
+    void handleKeyDown(short &keyCode, short &shift) override;
+    void onTextChanged() override;
+    void onEnterFocus() override;
+    void onExitFocus() override;
+    void updateValueControls() override;
+    void relayout() override;
+    int reservedWidth() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    // One of the separators a date may use: blank, slash, hyphen, full stop.
+    static bool isSeparator(const QString &separator);
+    // Shows the value in the mode the focus calls for: edit digits in the numeric mask, the
+    // display pattern without a mask, or nothing; the calendar follows the value (or today).
+    void RefreshDisplay();
+    void Step(bool up);
+    void pickerDropDown();
+    void pickerChange();
+    void setPickerValue(Date date);
+    // Sets one of the calendar's colours (a DatePicker::ColorPart) and reports `name` changed.
+    void setCalendarColor(int part, OleColor color, const QString &name);
+    Date clampedToday() const;
+    void rebuildFields();
+    MaskBox &box() const;
+
+    std::unique_ptr<DateFields> m_fields;
+    DatePicker *m_picker = nullptr;
+    std::unique_ptr<UpDownStepper> m_stepper;
+
+    int m_format = twDayMonthYear;
+    QString m_separator;
+    QString m_displayFormat;
+    Date m_value;
+    bool m_valid = false;
+    bool m_upDown = true;
+    bool m_interceptArrowKeys = false;
+    std::optional<QFont> m_calendarFont; // none: the ambient font
+};
+
+} // namespace Tarnwell
