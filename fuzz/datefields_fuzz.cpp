@@ -3,6 +3,7 @@
 // After every action the text must still fit the mask, a date read from it must be the one its
 // digits show and lie within the bounds, and a stepped date must lie within the bounds and read
 // back as itself once written into the mask. The digits are read here, independently.
+#include "fuzzinput.h"
 #include "datefields/datefields.h"
 #include "maskengine/maskengine.h"
 
@@ -20,20 +21,6 @@ using Tarnwell::MaskEditState;
 using Tarnwell::MaskEngine;
 
 namespace {
-
-class Input
-{
-public:
-    Input(const uint8_t *data, size_t size) : m_data(data), m_size(size) {}
-    bool empty() const { return m_pos >= m_size; }
-    uint8_t next() { return m_pos < m_size ? m_data[m_pos++] : 0; }
-    int next16() { return next() | (next() << 8); }
-
-private:
-    const uint8_t *m_data;
-    size_t m_size;
-    size_t m_pos = 0;
-};
 
 struct Context {
     const DateFields &fields;
@@ -142,7 +129,7 @@ void checkReading(const Context &c, const DateFields::Reading &reading)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static const char16_t separators[] = u"/-. #\\x";
-    Input in(data, size);
+    FuzzInput in(data, size);
     const uint8_t header = in.next();
     const int format = header % 7 - 1;
     const QChar separator(separators[(header >> 3) % 7]);

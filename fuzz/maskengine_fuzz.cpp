@@ -1,6 +1,7 @@
 // Drives the masked-text engine with a random mask and a random sequence of keystrokes, caret
 // moves, selections and pastes, and checks after every step that an accepted edit leaves a
 // well-formed text and a refused one leaves the state untouched.
+#include "fuzzinput.h"
 #include "maskengine/maskengine.h"
 
 #include <tarnwell/error.h>
@@ -15,19 +16,6 @@ using Tarnwell::MaskEngine;
 
 namespace {
 
-class Input
-{
-public:
-    Input(const uint8_t *data, size_t size) : m_data(data), m_size(size) {}
-    bool empty() const { return m_pos >= m_size; }
-    uint8_t next() { return m_pos < m_size ? m_data[m_pos++] : 0; }
-
-private:
-    const uint8_t *m_data;
-    size_t m_size;
-    size_t m_pos = 0;
-};
-
 [[noreturn]] void fail(const char *what, const MaskEngine &engine, const MaskEditState &state)
 {
     std::fprintf(stderr, "violation: %s\nmask: [%s]\ntext: [%s] selStart %d selLength %d\n", what,
@@ -38,7 +26,7 @@ private:
 
 // Mostly the mask alphabet, sometimes any byte (control characters, codes 1-4 that read as
 // placeholders, the marker code) or a character above 255.
-QChar maskChar(Input &in)
+QChar maskChar(FuzzInput &in)
 {
     static const char alphabet[] = "#@?&\\\\/:-( ).A";
     const uint8_t b = in.next();
@@ -50,7 +38,7 @@ QChar maskChar(Input &in)
 }
 
 // A character as a key or a paste may bring it: printable ASCII mostly, anything else sometimes.
-QChar anyChar(Input &in)
+QChar anyChar(FuzzInput &in)
 {
     static const char16_t wide[] = {0x20AC, 0x4E2D, 0xFF15, 0x0663, 0xD83D, 0xDE00, 0x00E9, 0x00DF};
     const uint8_t b = in.next();
@@ -96,7 +84,7 @@ void check(const MaskEngine &engine, const MaskEditState &before, const MaskEdit
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    Input in(data, size);
+    FuzzInput in(data, size);
     const uint8_t header = in.next();
 
     QString mask;

@@ -3,6 +3,7 @@
 // currency symbols. After every edit the shown text must be a well-formed number of the type
 // (within its limits, at most DecimalPlaces decimals) that formats to itself, and the caret and
 // selection must lie inside the text.
+#include "fuzzinput.h"
 #include "numberengine/numberdisplay.h"
 #include "numberengine/numbereditor.h"
 #include "numberengine/numbertype.h"
@@ -21,19 +22,6 @@
 namespace {
 
 using namespace Tarnwell;
-
-class Input
-{
-public:
-    Input(const uint8_t *data, size_t size) : m_data(data), m_size(size) {}
-    bool atEnd() const { return m_pos >= m_size; }
-    uint8_t next() { return m_pos < m_size ? m_data[m_pos++] : 0; }
-
-private:
-    const uint8_t *m_data;
-    size_t m_size;
-    size_t m_pos = 0;
-};
 
 const QLocale &localeFor(uint8_t choice)
 {
@@ -75,7 +63,7 @@ void check(const NumberEditor &editor, const NumberEditState &before, const Numb
         fail("value differs from the shown text", before, r);
 }
 
-QString pasteText(Input &in)
+QString pasteText(FuzzInput &in)
 {
     static const char alphabet[] = "0123456789012345678901234567890123456789.,- $\xa0" "Ea";
     QString s;
@@ -91,7 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     static const bool registered = (Variant::registerTypes(), true);
     (void)registered;
-    Input in(data, size);
+    FuzzInput in(data, size);
 
     const uint8_t setup = in.next();
     NumberDisplay display(localeFor(in.next()));
@@ -111,7 +99,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     state.increment = QVariant(QString::fromLatin1(increments[in.next() % 6]));
     state.text = editor.showValue(state.value, dataType);
 
-    while (!in.atEnd()) {
+    while (!in.empty()) {
         const uint8_t op = in.next();
         NumberEditResult r;
         bool valueFromText = true;

@@ -4,6 +4,7 @@
 // every action the text must be well formed for the current mask, and what the box reads from it
 // must be what this file's own reading of the text says; a step must stay in range and read back
 // from the box as the same time of day.
+#include "fuzzinput.h"
 #include "maskengine/maskengine.h"
 #include "timefields/timefields.h"
 
@@ -27,21 +28,12 @@ namespace {
 constexpr int Day = 86400;
 constexpr int ThisYear = 2024; // the pinned clock's year: no reading may depend on it
 
-class Input
+// A moment of the day, to the second (17 bits cover a day).
+int secondOfDay(FuzzInput &in)
 {
-public:
-    Input(const uint8_t *data, size_t size) : m_data(data), m_size(size) {}
-    bool empty() const { return m_pos >= m_size; }
-    uint8_t next() { return m_pos < m_size ? m_data[m_pos++] : 0; }
-    int next16() { return next() << 8 | next(); }
-    // A moment of the day, to the second (17 bits cover a day).
-    int secondOfDay() { return ((next() & 1) << 16 | next16()) % Day; }
-
-private:
-    const uint8_t *m_data;
-    size_t m_size;
-    size_t m_pos = 0;
-};
+    const int high = in.next() & 1;
+    return (high << 16 | in.next16()) % Day;
+}
 
 struct Box
 {
@@ -201,13 +193,13 @@ void checkBox(const Box &box)
         fail("a stored time is out of range", box);
 }
 
-Date rangeEnd(Input &in)
+Date rangeEnd(FuzzInput &in)
 {
     switch (in.next() % 5) {
-    case 0: return Date(double(in.secondOfDay()) / Day);
+    case 0: return Date(double(secondOfDay(in)) / Day);
     case 1: return Date(double(Day - 1) / Day);
-    case 2: return Date(1.0 + double(in.secondOfDay()) / Day); // the next day
-    case 3: return Date(45000.0 + double(in.secondOfDay()) / Day); // a date in 2023
+    case 2: return Date(1.0 + double(secondOfDay(in)) / Day); // the next day
+    case 3: return Date(45000.0 + double(secondOfDay(in)) / Day); // a date in 2023
     default: return Date(0.0);
     }
 }
@@ -223,7 +215,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    Input in(data, size);
+    FuzzInput in(data, size);
     const uint8_t header = in.next();
     Box box{TimeFields(header % 4, QLatin1Char(header & 4 ? '.' : ':')), {}, {}, {}, {}, {}, false};
     switch (header >> 3 & 3) {
@@ -284,7 +276,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             break;
         case 10: case 11: {
             const bool up = in.next() & 1;
-            const Date now(44000.0 + double(in.secondOfDay()) / Day);
+            const Date now(44000.0 + double(secondOfDay(in)) / Day);
             const Date base = box.valid ? box.stored : TimeFields::clampedNow(now, box.minimum, box.maximum);
             const auto next = box.fields.step(base, state.selStart, up, box.minimum, box.maximum);
             const int expected = expectedStep(box.fields, base, state.selStart, up);
@@ -307,7 +299,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         default: {
             // Value set, or leaving the box.
             if (action & 0x80) {
-                const Date value(double(in.secondOfDay()) / Day + (in.next() & 1 ? 45000.0 : 0.0));
+                const Date value(double(secondOfDay(in)) / Day + (in.next() & 1 ? 45000.0 : 0.0));
                 box.valid = box.minimum <= value && value <= box.maximum;
                 if (box.valid)
                     box.stored = value;
