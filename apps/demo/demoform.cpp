@@ -1,9 +1,12 @@
 #include "demoform.h"
 
 #include <tarnwell/controlframe.h>
+#include <tarnwell/date.h>
+#include <tarnwell/datebox.h>
 #include <tarnwell/maskbox.h>
 #include <tarnwell/numberbox.h>
 #include <tarnwell/propertybag.h>
+#include <tarnwell/timebox.h>
 
 #include <QApplication>
 #include <QFormLayout>
@@ -72,6 +75,11 @@ constexpr SampleEntry sampleOrder[] = {
     {"nmbPrice", "19.95"},
     {"nmbQuantity", "3"},
     {"nmbBalance", "-42.50"},
+    {"dtbOrderDate", "07032024"},
+    {"dtbDelivery", "042024"},
+    {"dtbBirthDate", "10121815"},
+    {"tmbAppointment", "0930p"}, // "p" turns the morning into the evening
+    {"tmbShiftStart", "0745"},
 };
 
 } // namespace
@@ -118,6 +126,7 @@ void DemoForm::buildCustomerOrder()
         box->setMinimumWidth(180);
     }
     addNumberFields();
+    addScheduleFields();
 
     for (const char *name : {"nmbPrice", "nmbQuantity"}) {
         QWidget *source = field(QString::fromLatin1(name));
@@ -153,6 +162,34 @@ void DemoForm::addNumberFields()
     balance->setSelectTextOnFocus(false); // entering keeps the red figure readable
     for (Tarnwell::NumberBox *box : {price, quantity, amount, balance})
         box->setMinimumWidth(180);
+}
+
+// Dates and times: the order date (day, month, year, with a calendar), the delivery month (month
+// and year, stepped with the up-down button), a date of birth that must lie between 1800 and
+// today, an appointment on the 12-hour clock and a shift start on the 24-hour clock between
+// 06:00 and 22:00.
+void DemoForm::addScheduleFields()
+{
+    auto *orderDate = add<Tarnwell::DateBox>(tr("Or&der date"), QStringLiteral("dtbOrderDate"));
+    auto *delivery = add<Tarnwell::DateBox>(tr("Deli&very month"), QStringLiteral("dtbDelivery"));
+    delivery->setFormat(Tarnwell::twMonthYear);
+    auto *birth = add<Tarnwell::DateBox>(tr("Date of &birth"), QStringLiteral("dtbBirthDate"));
+    birth->setMinimum(Tarnwell::Date::fromYmd(1800, 1, 1));
+    birth->setMaximum(Tarnwell::Date::today());
+    birth->setUpDown(false); // typed, not picked
+    auto *appointment = add<Tarnwell::TimeBox>(tr("Appoin&tment"), QStringLiteral("tmbAppointment"));
+    appointment->setFormat(Tarnwell::twHourMinuteAMPM);
+    auto *shift = add<Tarnwell::TimeBox>(tr("S&hift start"), QStringLiteral("tmbShiftStart"));
+    shift->setFormat(Tarnwell::twHourMinute);
+    shift->setMinimum(Tarnwell::Date::fromHms(6, 0, 0));
+    shift->setMaximum(Tarnwell::Date::fromHms(22, 0, 0));
+    shift->setUpDown(true);
+    shift->setInterceptArrowKeys(true);
+    for (Tarnwell::ControlFrame *box :
+         std::initializer_list<Tarnwell::ControlFrame *>{orderDate, delivery, birth, appointment, shift}) {
+        box->setAlignment(Tarnwell::twLeftJustify);
+        box->setMinimumWidth(180);
+    }
 }
 
 bool DemoForm::addField(const QString &label, const QString &name, QWidget *field)

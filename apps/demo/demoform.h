@@ -63,6 +63,7 @@ protected:
 private:
     void buildCustomerOrder();
     void addNumberFields();
+    void addScheduleFields();
 
     QFormLayout *m_layout;
     QList<QWidget *> m_fields;

@@ -5,10 +5,12 @@ namespace Tarnwell::Demo {
 QString DemoOptions::usage()
 {
     return QStringLiteral(
-        "Usage: tarnwell-demo [--load FILE] [--sample] [--design] [--save FILE] [--screenshot FILE]\n"
+        "Usage: tarnwell-demo [--load FILE] [--sample] [--design] [--drop-down FIELD] [--save FILE]\n"
+        "                    [--screenshot FILE]\n"
         "  --load FILE        apply a form saved as JSON\n"
         "  --sample           type a sample customer order into the form\n"
         "  --design           start in design mode\n"
+        "  --drop-down FIELD  open the calendar of a date field (dtbOrderDate, dtbDelivery...)\n"
         "  --save FILE        save the form's properties as JSON and exit\n"
         "  --screenshot FILE  render the window to a PNG and exit (types the sample order first\n"
         "                     unless --load is given)\n"
@@ -18,17 +20,18 @@ QString DemoOptions::usage()
 DemoOptions DemoOptions::parse(const QStringList &arguments)
 {
     DemoOptions options;
-    auto takeFile = [&](qsizetype &i, QString &target) {
+    auto takeArgument = [&](qsizetype &i, QString &target, const char *what) {
         const QString &option = arguments[i];
         if (!target.isEmpty()) {
             options.error = QStringLiteral("%1 given twice").arg(option);
         } else if (i + 1 >= arguments.size() || arguments[i + 1].isEmpty()
                    || arguments[i + 1].startsWith(QLatin1String("--"))) {
-            options.error = QStringLiteral("%1 needs a file name").arg(option);
+            options.error = QStringLiteral("%1 needs a %2").arg(option, QLatin1String(what));
         } else {
             target = arguments[++i];
         }
     };
+    auto takeFile = [&](qsizetype &i, QString &target) { takeArgument(i, target, "file name"); };
     for (qsizetype i = 1; i < arguments.size() && options.error.isEmpty(); ++i) {
         QString argument = arguments[i];
         // --option=value is the same as --option value.
@@ -48,6 +51,8 @@ DemoOptions DemoOptions::parse(const QStringList &arguments)
             options.sample = true;
         else if (argument == QLatin1String("--design"))
             options.design = true;
+        else if (argument == QLatin1String("--drop-down"))
+            takeArgument(i, options.dropDown, "field name");
         else if (argument == QLatin1String("-h") || argument == QLatin1String("--help"))
             options.help = true;
         else

@@ -5,12 +5,14 @@
 #include "formdocument.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPainter>
 #include <QSaveFile>
 #include <QSplitter>
 #include <QStatusBar>
@@ -120,9 +122,31 @@ bool DemoWindow::loadFrom(const QString &path, QString *error)
     return true;
 }
 
+bool DemoWindow::dropDown(const QString &fieldName, QString *error)
+{
+    QWidget *field = m_form->field(fieldName);
+    if (!field || field->metaObject()->indexOfMethod("ShowDropDown()") < 0) {
+        *error = tr("No date field named %1").arg(fieldName);
+        return false;
+    }
+    activateWindow();
+    field->setFocus(Qt::OtherFocusReason);
+    QMetaObject::invokeMethod(field, "ShowDropDown");
+    // The calendar opens on the keys the field replays.
+    QApplication::processEvents();
+    return true;
+}
+
 bool DemoWindow::renderTo(const QString &path, QString *error)
 {
-    const QPixmap image = grab();
+    QPixmap image = grab();
+    // Open popups (a date field's calendar) are windows of their own: drawn where they stand.
+    QPainter painter(&image);
+    for (QWidget *popup : QApplication::topLevelWidgets()) {
+        if (popup != this && popup->isVisible() && popup->windowType() == Qt::Popup)
+            painter.drawPixmap(popup->mapToGlobal(QPoint()) - mapToGlobal(QPoint()), popup->grab());
+    }
+    painter.end();
     if (image.isNull() || !image.save(path, "PNG")) {
         *error = tr("Cannot write the screenshot %1").arg(path);
         return false;

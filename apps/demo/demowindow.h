@@ -23,8 +23,10 @@ public:
     // Each returns false with `error` set; nothing is changed by a failed load.
     bool saveTo(const QString &path, QString *error);
     bool loadFrom(const QString &path, QString *error);
-    // Renders the window as it stands into a PNG.
+    // Renders the window as it stands, open popups included, into a PNG.
     bool renderTo(const QString &path, QString *error);
+    // Opens the calendar of the date field named `fieldName`, as Alt+Down does.
+    bool dropDown(const QString &fieldName, QString *error);
 
     void setDesignMode(bool design);
 

@@ -53,9 +53,16 @@ int main(int argc, char **argv)
         return 1;
     }
     window.show();
+    // Typed into as a user would: in the active window, so that fields see the focus come and go.
+    window.activateWindow();
+    QApplication::setActiveWindow(&window);
     if (options.sample)
         window.form()->typeSampleOrder();
     window.setDesignMode(options.design);
+    if (!options.dropDown.isEmpty() && !window.dropDown(options.dropDown, &error)) {
+        fail(error);
+        return 1;
+    }
     if (!options.batch())
         return app.exec();
 

@@ -7,6 +7,9 @@
 
 #include "common/testsupport.h"
 
+#include <QApplication>
+#include <QTest>
+
 #include <QLineEdit>
 
 namespace {
@@ -77,7 +80,12 @@ TEST(FormDocument, RoundTripKeepsEveryField)
 
 TEST(FormDocument, EveryFieldOfATypedOrderComesBackIdentical)
 {
+    // Typed in an active window, so that the fields see the focus come and go: a date or time
+    // field takes typing as its value only while it has the focus.
     DemoForm form;
+    form.show();
+    QApplication::setActiveWindow(&form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     form.typeSampleOrder();
     const QByteArray saved = FormDocument::save(form);
 
