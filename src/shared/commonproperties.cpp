@@ -232,37 +232,50 @@ void CommonProperties::write(const ControlFrame &frame, PropertyBag &bag,
         bag.WriteProperty(name(key), value(frame, key), defaultValue(frame, key));
 }
 
+namespace {
+
+// Whether a control holds the default of a key, compared as the control holds it (cheap: a new
+// control asks this of every key).
+bool holdsDefault(const ControlFrame &f, CommonKey key, const CommonDefaults &d)
+{
+    switch (key) {
+    case CommonKey::BackColor: return f.BackColor() == OleColor::WindowBackground;
+    case CommonKey::ForeColor: return f.ForeColor() == d.foreColor;
+    case CommonKey::DisabledColor: return f.DisabledColor() == d.disabledColor;
+    case CommonKey::Enabled: return f.Enabled();
+    case CommonKey::Font: return !f.testAttribute(Qt::WA_SetFont);
+    case CommonKey::Locked: return !f.Locked();
+    case CommonKey::MouseIcon: return f.MouseIcon().isNull();
+    case CommonKey::BorderStyle: return f.BorderStyle() == twFixed3D;
+    case CommonKey::Alignment: return f.Alignment() == d.alignment;
+    case CommonKey::OLEDragMode: return f.OLEDragMode() == ControlFrame::OLEDragManual;
+    case CommonKey::OLEDropMode: return f.OLEDropMode() == ControlFrame::OLEDropNone;
+    case CommonKey::MousePointer: return f.MousePointer() == ControlFrame::MousePointerDefault;
+    case CommonKey::SelectTextOnFocus: return f.SelectTextOnFocus() == d.selectTextOnFocus;
+    case CommonKey::ToolTip: return f.ToolTip().isEmpty();
+    case CommonKey::CheckBox: return !f.CheckBox();
+    case CommonKey::Checked: return f.Checked() == d.checked;
+    case CommonKey::NullIfEmpty: return !f.NullIfEmpty();
+    case CommonKey::EnterAsTab: return !f.EnterAsTab();
+    }
+    return true;
+}
+
+} // namespace
+
 void CommonProperties::initialise(ControlFrame &frame)
 {
     const QSize size(Twips::toPixels(Twips::DefaultWidth), Twips::toPixels(Twips::DefaultHeight));
     if (frame.size() != size)
         frame.resize(size);
+    const CommonDefaults &defaults = frame.commonDefaults();
     for (CommonKey key : AllKeys) {
-        switch (key) {
-        case CommonKey::Font:
-            // The ambient font: whatever the parent has, now and later.
-            if (frame.testAttribute(Qt::WA_SetFont))
-                frame.QFrame::setFont(QFont());
-            break;
-        case CommonKey::MouseIcon:
-            if (!frame.m_mouseIcon.isNull())
-                assign(frame, key, QPixmap());
-            break;
-        case CommonKey::BackColor:
-        case CommonKey::ForeColor:
-        case CommonKey::DisabledColor: {
-            const QVariant target = check(key, defaultValue(frame, key));
-            if (qvariant_cast<OleColor>(target) != qvariant_cast<OleColor>(check(key, value(frame, key))))
-                assign(frame, key, target);
-            break;
-        }
-        default: {
-            const QVariant target = check(key, defaultValue(frame, key));
-            if (check(key, value(frame, key)) != target)
-                assign(frame, key, target);
-            break;
-        }
-        }
+        if (holdsDefault(frame, key, defaults))
+            continue;
+        if (key == CommonKey::Font)
+            frame.QFrame::setFont(QFont()); // the ambient font: the parent's, now and later
+        else
+            assign(frame, key, check(key, defaultValue(frame, key)));
     }
 }
 
