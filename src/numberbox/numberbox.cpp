@@ -67,12 +67,12 @@ QLineEdit *NumberBox::text3()
 
 QVariant NumberBox::convert(const QVariant &value) const
 {
-    return NumberType::ConvertToType(value, m_dataType, m_display->locale());
+    return NumberType::convertToType(value, m_dataType, m_display->locale());
 }
 
 bool NumberBox::inRange(const QVariant &value, bool useMinMax) const
 {
-    return NumberType::IsInRange(value, useMinMax, m_dataType, m_minimum, m_maximum,
+    return NumberType::isInRange(value, useMinMax, m_dataType, m_minimum, m_maximum,
                                  m_display->locale());
 }
 
@@ -158,8 +158,8 @@ void NumberBox::setDataType(int dataType)
 {
     m_dataType = dataType;
     markDirty(BagKey::DataType);
-    m_minimum = NumberType::TypeLowerLimit(dataType);
-    m_maximum = NumberType::TypeUpperLimit(dataType);
+    m_minimum = NumberType::typeLowerLimit(dataType);
+    m_maximum = NumberType::typeUpperLimit(dataType);
     m_increment = QVariant::fromValue<qint16>(1);
     m_value = QVariant::fromValue<qint16>(0);
     m_display->setDecimalPlaces(MaxDecimalPlaces());
@@ -171,7 +171,7 @@ void NumberBox::setDataType(int dataType)
 
 qint16 NumberBox::DecimalPlaces() const
 {
-    return m_display->DecimalPlaces();
+    return m_display->decimalPlaces();
 }
 
 void NumberBox::setDecimalPlaces(qint16 places)
@@ -185,7 +185,7 @@ void NumberBox::setDecimalPlaces(qint16 places)
 
 qint16 NumberBox::MaxDecimalPlaces() const
 {
-    return NumberType::RegionalDecimalPlaces(m_dataType, UserSettings::numberDigits(),
+    return NumberType::regionalDecimalPlaces(m_dataType, UserSettings::numberDigits(),
                                              UserSettings::currencyDigits());
 }
 
@@ -196,7 +196,7 @@ void NumberBox::setMaxDecimalPlaces(qint16)
 
 bool NumberBox::ThousandSeparator() const
 {
-    return m_display->ThousandSeparator();
+    return m_display->thousandSeparator();
 }
 
 void NumberBox::setThousandSeparator(bool on)
@@ -208,7 +208,7 @@ void NumberBox::setThousandSeparator(bool on)
 
 QString NumberBox::CurrencySymbol() const
 {
-    return m_display->CurrencySymbol();
+    return m_display->currencySymbol();
 }
 
 void NumberBox::setCurrencySymbol(const QString &symbol)
@@ -220,7 +220,7 @@ void NumberBox::setCurrencySymbol(const QString &symbol)
 
 twCurrencyPositionConstants NumberBox::ShowCurrencySymbol() const
 {
-    return static_cast<twCurrencyPositionConstants>(m_display->ShowCurrencySymbol());
+    return static_cast<twCurrencyPositionConstants>(m_display->showCurrencySymbol());
 }
 
 void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
@@ -303,9 +303,9 @@ void NumberBox::writeNumber(const QString &text, int selStart, int selLength)
 void NumberBox::ShowValue()
 {
     m_text2->setText(m_display->formatNumber(m_value, m_dataType));
-    m_display->AddCurrencySymbol(*m_text2);
+    m_display->addCurrencySymbol(*m_text2);
     // As the host's text box does when its text is set, the caret goes to the front.
-    writeNumber(m_text2->Text(), 0, 0);
+    writeNumber(m_text2->text(), 0, 0);
     refreshTextColor();
 }
 
@@ -503,7 +503,7 @@ void NumberBox::onExitFocus()
     if (CheckBox() && !Checked())
         return;
     const std::optional<QVariant> repaired =
-        NumberType::RangeRepair(Value(), m_dataType, m_minimum, m_maximum);
+        NumberType::rangeRepair(Value(), m_dataType, m_minimum, m_maximum);
     if (!repaired)
         return;
     // Stored first: a Maximum below 0 refuses the set and the old text stays on screen.
