@@ -269,7 +269,7 @@ void DateBox::RefreshDisplay()
     // At design time the inner box shows its mask and takes no value.
     if (m_valid && UserMode()) {
         if (HasFocus()) {
-            inner.setValue(m_fields->DateToEditDigits(m_value));
+            inner.setValue(m_fields->dateToEditDigits(m_value));
         } else {
             inner.setMask(QString());
             inner.setValue(DateFormat::format(m_value, m_displayFormat));
@@ -290,7 +290,7 @@ void DateBox::onTextChanged()
     {
         UpdatingGuard updating(*this);
         const QString text = shownText();
-        const DateFields::Reading reading = m_fields->ParseEditText(text, Minimum(), Maximum());
+        const DateFields::Reading reading = m_fields->parseEditText(text, Minimum(), Maximum());
         m_valid = reading.isAcceptable();
         m_value = m_valid ? reading.date : clampedToday();
         setPickerValue(m_value);
