@@ -71,8 +71,8 @@ void DateBox::ShowDropDown()
     }
     // Down pressed and released on the focused calendar button opens it; the Alt still held
     // from Alt+Down is let go.
-    KeySender::SendVirtualKey(Keyboard::VkDown, false, false, false);
-    KeySender::SendVirtualKey(Keyboard::VkMenu, false, true, false);
+    KeySender::sendVirtualKey(Keyboard::VkDown, false, false, false);
+    KeySender::sendVirtualKey(Keyboard::VkMenu, false, true, false);
 }
 
 // The calendar opened: the date it shows (the value, or today in range) becomes the value.

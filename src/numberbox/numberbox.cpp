@@ -34,14 +34,14 @@ NumberBox::NumberBox(QWidget *parent)
 {
     Variant::registerTypes();
     // The line edit's own menu would offer undo, cut and paste past the number editor.
-    ContextMenuHook::InstallWindowHook(Text1());
+    ContextMenuHook::installWindowHook(Text1());
     InitProperties();
     clearDirty();
 }
 
 NumberBox::~NumberBox()
 {
-    ContextMenuHook::RemoveWindowHook(Text1());
+    ContextMenuHook::removeWindowHook(Text1());
 }
 
 QLineEdit *NumberBox::text3()
