@@ -18,7 +18,7 @@ namespace Tarnwell {
 DateBox::DateBox(QWidget *parent)
     : ControlFrame(parent, EditorKind::InnerMask, QStringLiteral("mdtDate")),
       m_fields(std::make_unique<DateFields>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { Step(up); })),
+      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); })),
       m_separator(QStringLiteral("/"))
 {
     Variant::registerTypes();
@@ -116,7 +116,7 @@ void DateBox::setValue(const QVariant &value)
     } else {
         m_valid = false; // the previous date stays, unshown
     }
-    RefreshDisplay();
+    refreshDisplay();
     emit Change();
 }
 
@@ -142,7 +142,7 @@ void DateBox::setFormat(int format)
     if (const std::optional<QString> pattern = m_fields->displayPattern())
         m_displayFormat = *pattern;
     relayout(); // the button may change
-    RefreshDisplay();
+    refreshDisplay();
 }
 
 void DateBox::setSeparator(const QString &separator)
@@ -152,7 +152,7 @@ void DateBox::setSeparator(const QString &separator)
     m_separator = separator;
     rebuildFields();
     // The edit mask takes it now; the display pattern only when Format is set again.
-    RefreshDisplay();
+    refreshDisplay();
     markDirty(BagKey::Separator);
 }
 
@@ -160,7 +160,7 @@ void DateBox::setDisplayFormat(const QString &pattern)
 {
     m_displayFormat = pattern;
     markDirty(BagKey::DisplayFormat);
-    RefreshDisplay();
+    refreshDisplay();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -258,7 +258,7 @@ void DateBox::setCalendarFont(const QFont &font)
 // ---------------------------------------------------------------------------------------------
 // Display
 
-void DateBox::RefreshDisplay()
+void DateBox::refreshDisplay()
 {
     if (!m_picker)
         return; // being destroyed
@@ -302,13 +302,13 @@ void DateBox::onTextChanged()
 
 void DateBox::onEnterFocus()
 {
-    RefreshDisplay(); // edit digits in the numeric mask
+    refreshDisplay(); // edit digits in the numeric mask
     ControlFrame::onEnterFocus();
 }
 
 void DateBox::onExitFocus()
 {
-    RefreshDisplay(); // the display pattern, or nothing
+    refreshDisplay(); // the display pattern, or nothing
 }
 
 } // namespace Tarnwell

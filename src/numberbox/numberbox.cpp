@@ -30,7 +30,7 @@ NumberBox::NumberBox(QWidget *parent)
       m_display(std::make_unique<NumberDisplay>(QLocale())),
       m_editor(std::make_unique<NumberEditor>(*m_display)),
       m_text2(std::make_unique<TextWorkspace>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { Step(up); }))
+      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); }))
 {
     Variant::registerTypes();
     // The line edit's own menu would offer undo, cut and paste past the number editor.
@@ -116,7 +116,7 @@ void NumberBox::setValue(const QVariant &value)
         return;
     m_value = convert(number);
     markDirty(BagKey::Value);
-    ShowValue();
+    showValue();
 }
 
 void NumberBox::setMinimum(const QVariant &minimum)
@@ -163,7 +163,7 @@ void NumberBox::setDataType(int dataType)
     m_increment = QVariant::fromValue<qint16>(1);
     m_value = QVariant::fromValue<qint16>(0);
     m_display->setDecimalPlaces(MaxDecimalPlaces());
-    ShowValue();
+    showValue();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -180,7 +180,7 @@ void NumberBox::setDecimalPlaces(qint16 places)
         return;
     m_display->setDecimalPlaces(places);
     markDirty(BagKey::DecimalPlaces);
-    ShowValue();
+    showValue();
 }
 
 qint16 NumberBox::MaxDecimalPlaces() const
@@ -203,7 +203,7 @@ void NumberBox::setThousandSeparator(bool on)
 {
     m_display->setThousandSeparator(on);
     markDirty(BagKey::ThousandSeparator);
-    ShowValue();
+    showValue();
 }
 
 QString NumberBox::CurrencySymbol() const
@@ -215,7 +215,7 @@ void NumberBox::setCurrencySymbol(const QString &symbol)
 {
     m_display->setCurrencySymbol(symbol);
     markDirty(BagKey::CurrencySymbol);
-    ShowValue();
+    showValue();
 }
 
 twCurrencyPositionConstants NumberBox::ShowCurrencySymbol() const
@@ -230,7 +230,7 @@ void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
         throw Error(Error::InvalidPropertyValue);
     m_display->setShowCurrencySymbol(p);
     markDirty(BagKey::ShowCurrencySymbol);
-    ShowValue();
+    showValue();
 }
 
 void NumberBox::setUpDown(bool on)
@@ -300,7 +300,7 @@ void NumberBox::writeNumber(const QString &text, int selStart, int selLength)
     writeText(text, selStart, selLength);
 }
 
-void NumberBox::ShowValue()
+void NumberBox::showValue()
 {
     m_text2->setText(m_display->formatNumber(m_value, m_dataType));
     m_display->addCurrencySymbol(*m_text2);
@@ -490,7 +490,7 @@ void NumberBox::paste(const QString &text)
     apply(m_editor->paste(editState(), text));
 }
 
-void NumberBox::Step(bool up)
+void NumberBox::step(bool up)
 {
     const NumberEditResult result = m_editor->step(editState(), up);
     if (result.changed())

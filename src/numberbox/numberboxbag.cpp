@@ -48,7 +48,7 @@ void NumberBox::InitProperties()
     m_display->setShowCurrencySymbol(twNoCurrency);
     m_upDown = false;
     m_interceptArrowKeys = false;
-    ShowValue();
+    showValue();
     relayout();
     applyTextColor();
 }
@@ -119,7 +119,7 @@ void NumberBox::ReadProperties(PropertyBag &bag)
         .key(BagKey::ShowCurrencySymbol, qint32(twNoCurrency),
              [](const QVariant &v) { return int(BagValue::toInt(v, twNoCurrency, twRight)); },
              [this](const QVariant &v) { m_display->setShowCurrencySymbol(v.toInt()); })
-        .step([this] { ShowValue(); })
+        .step([this] { showValue(); })
         .common({K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty})
         .step([this] { updateValueControls(); })
         .common({K::EnterAsTab})

@@ -74,7 +74,7 @@ void TimeBox::step(bool up)
             return; // outside the range: no text, no value, no event
         m_time = *next;
         m_isValid = true;
-        ShowTimeValue();
+        showTimeValue();
         editor().setSelStart(caret);
     }
     // Raised once the flag is down: the host's handler may do anything, destroying the box too.
