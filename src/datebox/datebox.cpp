@@ -268,13 +268,13 @@ void DateBox::refreshDisplay()
         inner.setMask(*mask);
     // At design time the inner box shows its mask and takes no value.
     if (m_valid && UserMode()) {
-        if (HasFocus()) {
+        if (controlHasFocus()) {
             inner.setValue(m_fields->dateToEditDigits(m_value));
         } else {
             inner.setMask(QString());
             inner.setValue(DateFormat::format(m_value, m_displayFormat));
         }
-    } else if (!m_valid && UserMode() && !HasFocus()) {
+    } else if (!m_valid && UserMode() && !controlHasFocus()) {
         inner.setValue(Variant::null()); // clears a shown check box, hence the rule below
         updateValueControls();
     }
@@ -285,7 +285,7 @@ void DateBox::refreshDisplay()
 // Typing: every accepted change of the text is read back, valid or not, and raises Change.
 void DateBox::onTextChanged()
 {
-    if (Updating() || Locked() || !HasFocus())
+    if (isUpdating() || Locked() || !controlHasFocus())
         return;
     {
         UpdatingGuard updating(*this);

@@ -38,8 +38,8 @@ void DateBox::handleKeyDown(short &keyCode, short &shift)
 }
 
 // One field of the date moves by one, the field being the one under the caret; a date outside
-// Minimum..Maximum is dropped with no event. The stepper has checked Locked and Updating and
-// put the focus into the text; it sets UpDown1 back to 0 afterwards.
+// Minimum..Maximum is dropped with no event. The stepper has checked Locked and isUpdating()
+// and put the focus into the text; it sets UpDown1 back to 0 afterwards.
 void DateBox::step(bool up)
 {
     {

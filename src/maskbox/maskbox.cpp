@@ -67,7 +67,7 @@ void MaskBox::setValue(const QVariant &value)
 {
     if (!UserMode())
         throw Error(Error::SetNotPermitted);
-    if (!CanPropertyChange(BagKey::Value))
+    if (!canPropertyChange(BagKey::Value))
         return;
     const bool isNull = Variant::isNull(value);
     // Converted before anything changes, so that a value with no text form changes nothing.
@@ -114,7 +114,7 @@ void MaskBox::setMask(const QString &mask)
     const QString raw = m_engine->extractMaskValue(Text1()->text(), m_charCase);
     m_engine->parseMask(mask); // throws before changing anything
     QPointer<MaskBox> self(this);
-    // Not under Updating: the host sees the re-formatted text as a Change.
+    // No UpdatingGuard here: the host sees the re-formatted text as a Change.
     setText1(UserMode() ? m_engine->formatMaskValue(raw) : mask);
     if (self)
         markDirty(BagKey::Mask);
@@ -191,14 +191,14 @@ void MaskBox::maskKeyPress(short keyAscii)
 void MaskBox::onForeignText(const QString &text, const QString &previous)
 {
     ControlFrame::onForeignText(text, previous);
-    if (m_engine->isEmpty() || HasFocus() || !UserMode() || m_normalisePending)
+    if (m_engine->isEmpty() || controlHasFocus() || !UserMode() || m_normalisePending)
         return;
     m_normalisePending = true;
     QMetaObject::invokeMethod(
         this,
         [this] {
             m_normalisePending = false;
-            if (!HasFocus() && UserMode()) {
+            if (!controlHasFocus() && UserMode()) {
                 try {
                     normalise();
                 } catch (...) {

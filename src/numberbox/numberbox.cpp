@@ -112,7 +112,7 @@ void NumberBox::setValue(const QVariant &value)
     }
     if (!inRange(number, true))
         return;
-    if (!CanPropertyChange(BagKey::Value))
+    if (!canPropertyChange(BagKey::Value))
         return;
     m_value = convert(number);
     markDirty(BagKey::Value);
@@ -340,7 +340,7 @@ void NumberBox::onTextChanged()
         return;
     }
     markDirty(BagKey::Value);
-    if (!Updating()) {
+    if (!isUpdating()) {
         refreshTextColor();
         emit Change();
     }
@@ -364,7 +364,7 @@ void NumberBox::normaliseForeignText(const QString &text)
             // Taken as it came: the change is the host's to hear of.
             m_shownText = shown;
             markDirty(BagKey::Value);
-            if (!Updating())
+            if (!isUpdating())
                 emit Change();
         } else {
             writeNumber(shown, int(shown.size()), 0); // Change through onTextChanged()

@@ -192,7 +192,7 @@ void TimeBox::clearShownTime()
 // itself is never rewritten here, so an out-of-range time stays visible while there is no value.
 void TimeBox::onTextChanged()
 {
-    if (Updating())
+    if (isUpdating())
         return;
     QPointer<TimeBox> self(this);
     if (m_showPending && !textHidden())
