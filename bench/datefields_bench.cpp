@@ -17,7 +17,7 @@ void BM_DateFieldsParseFullText(benchmark::State &bench)
     const Date minimum = Date::fromYmd(1990, 1, 1);
     const Date maximum = Date::fromYmd(2030, 12, 31);
     for (auto _ : bench)
-        benchmark::DoNotOptimize(fields.ParseEditText(text, minimum, maximum));
+        benchmark::DoNotOptimize(fields.parseEditText(text, minimum, maximum));
 }
 BENCHMARK(BM_DateFieldsParseFullText);
 
@@ -27,7 +27,7 @@ void BM_DateFieldsParseHalfTyped(benchmark::State &bench)
     const DateFields fields(Tarnwell::twDayMonthYear, QLatin1Char('/'));
     const QString text = QStringLiteral("07/03/    ");
     for (auto _ : bench)
-        benchmark::DoNotOptimize(fields.ParseEditText(text));
+        benchmark::DoNotOptimize(fields.parseEditText(text));
 }
 BENCHMARK(BM_DateFieldsParseHalfTyped);
 

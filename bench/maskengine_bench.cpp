@@ -11,7 +11,7 @@ namespace {
 
 const QString PhoneMask = QStringLiteral("(###) ###-####");
 
-// Ten digits typed into a blank phone field, one EditMaskedText per digit; the counter reports
+// Ten digits typed into a blank phone field, one editMaskedText per digit; the counter reports
 // the time per keystroke.
 void BM_MaskEngineTypePhoneNumber(benchmark::State &bench)
 {
@@ -23,7 +23,7 @@ void BM_MaskEngineTypePhoneNumber(benchmark::State &bench)
         state.selStart = 0;
         state.selLength = 0;
         for (int i = 0; i < 10; ++i)
-            benchmark::DoNotOptimize(engine.EditMaskedText(state, QStringView(digits + i, 1)));
+            benchmark::DoNotOptimize(engine.editMaskedText(state, QStringView(digits + i, 1)));
         benchmark::DoNotOptimize(state.text.constData());
     }
     bench.counters["per_keystroke"] = benchmark::Counter(
@@ -35,9 +35,9 @@ BENCHMARK(BM_MaskEngineTypePhoneNumber);
 void BM_MaskEngineRefuseFullField(benchmark::State &bench)
 {
     const MaskEngine engine(PhoneMask);
-    MaskEditState state{engine.FormatMaskValue(QStringLiteral("5551234567")), 3, 0, false};
+    MaskEditState state{engine.formatMaskValue(QStringLiteral("5551234567")), 3, 0, false};
     for (auto _ : bench)
-        benchmark::DoNotOptimize(engine.EditMaskedText(state, u"9"));
+        benchmark::DoNotOptimize(engine.editMaskedText(state, u"9"));
 }
 BENCHMARK(BM_MaskEngineRefuseFullField);
 
@@ -46,7 +46,7 @@ void BM_MaskEngineFormat(benchmark::State &bench)
     const MaskEngine engine(PhoneMask);
     const QString raw = QStringLiteral("5551234567");
     for (auto _ : bench)
-        benchmark::DoNotOptimize(engine.FormatMaskValue(raw));
+        benchmark::DoNotOptimize(engine.formatMaskValue(raw));
 }
 BENCHMARK(BM_MaskEngineFormat);
 
@@ -55,7 +55,7 @@ void BM_MaskEngineExtract(benchmark::State &bench)
     const MaskEngine engine(PhoneMask);
     const QString shown = QStringLiteral("(555) 123-4567");
     for (auto _ : bench)
-        benchmark::DoNotOptimize(engine.ExtractMaskValue(shown, 1));
+        benchmark::DoNotOptimize(engine.extractMaskValue(shown, 1));
 }
 BENCHMARK(BM_MaskEngineExtract);
 
@@ -63,7 +63,7 @@ void BM_MaskEngineParse(benchmark::State &bench)
 {
     MaskEngine engine;
     for (auto _ : bench)
-        benchmark::DoNotOptimize(engine.ParseMask(PhoneMask));
+        benchmark::DoNotOptimize(engine.parseMask(PhoneMask));
 }
 BENCHMARK(BM_MaskEngineParse);
 

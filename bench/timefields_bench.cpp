@@ -17,7 +17,7 @@ void BM_TimeFieldsNormalize(benchmark::State &bench)
     const TimeFields fields(0);
     const QString text = QStringLiteral("10:30:15 PM");
     for (auto _ : bench)
-        benchmark::DoNotOptimize(fields.NormalizeTimeText(text));
+        benchmark::DoNotOptimize(fields.normalizeTimeText(text));
 }
 BENCHMARK(BM_TimeFieldsNormalize);
 
@@ -42,8 +42,8 @@ void BM_TimeFieldsReadThroughParser(benchmark::State &bench)
     const TimeFields fields(0);
     const QString text = QStringLiteral("10:30:15 PM");
     for (auto _ : bench) {
-        const QString n = fields.NormalizeTimeText(text);
-        benchmark::DoNotOptimize(TimeFields::IsTimeTextInRange(n) ? Date::parse(n) : std::nullopt);
+        const QString n = fields.normalizeTimeText(text);
+        benchmark::DoNotOptimize(TimeFields::isTimeTextInRange(n) ? Date::parse(n) : std::nullopt);
     }
 }
 BENCHMARK(BM_TimeFieldsReadThroughParser);

@@ -154,14 +154,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         case 0: case 1: case 2: case 3: {
             const uint8_t k = in.next() % 11;
             const QChar key = k == 10 ? QLatin1Char(' ') : QChar(char16_t(u'0' + k));
-            engine.EditMaskedText(state, QStringView(&key, 1));
+            engine.editMaskedText(state, QStringView(&key, 1));
             break;
         }
         case 4:
-            engine.Backspace(state);
+            engine.backspace(state);
             break;
         case 5:
-            engine.Delete(state);
+            engine.deleteForward(state);
             break;
         case 6:
             state.selStart = in.next() % (n + 1);
@@ -169,8 +169,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             break;
         case 7: {
             // A value set from outside, as focus-in writes it.
-            const QString shown = engine.FormatMaskValue(
-                fields.DateToEditDigits(Date(Date::MinSerial + in.next16() * 47.0)));
+            const QString shown = engine.formatMaskValue(
+                fields.dateToEditDigits(Date(Date::MinSerial + in.next16() * 47.0)));
             if (fields.isKnownFormat() && shown.isEmpty())
                 fail("edit digits do not fit the mask", c);
             if (!shown.isEmpty())
@@ -178,7 +178,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             break;
         }
         default: {
-            const DateFields::Reading now = fields.ParseEditText(state.text, minimum, maximum);
+            const DateFields::Reading now = fields.parseEditText(state.text, minimum, maximum);
             const Date clamped = DateFields::clampedToday(today, minimum, maximum);
             if (minimum <= maximum && (clamped < minimum || clamped > maximum))
                 fail("today clamped outside the bounds", c);
@@ -192,8 +192,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
                 fail("a step left the bounds", c);
             if (!fields.isKnownFormat())
                 break;
-            const QString shown = engine.FormatMaskValue(fields.DateToEditDigits(*stepped));
-            const DateFields::Reading back = fields.ParseEditText(shown, minimum, maximum);
+            const QString shown = engine.formatMaskValue(fields.dateToEditDigits(*stepped));
+            const DateFields::Reading back = fields.parseEditText(shown, minimum, maximum);
             // A month-year text shows no day and reads as the first of the month; a year-month
             // text never reads as a date.
             std::optional<Date> expected = stepped;
@@ -213,7 +213,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         }
         if (!wellFormed(engine, state.text))
             fail("the text no longer fits the mask", c);
-        checkReading(c, fields.ParseEditText(state.text, minimum, maximum));
+        checkReading(c, fields.parseEditText(state.text, minimum, maximum));
     }
     return 0;
 }

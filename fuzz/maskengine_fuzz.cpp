@@ -76,7 +76,7 @@ void check(const MaskEngine &engine, const MaskEditState &before, const MaskEdit
         fail("caret outside the text", engine, after);
     if (result.textChanged != (after.text != before.text))
         fail("textChanged disagrees with the text", engine, after);
-    if (engine.FormatMaskValue(engine.ExtractMaskValue(after.text, 0)) != after.text)
+    if (engine.formatMaskValue(engine.extractMaskValue(after.text, 0)) != after.text)
         fail("normalising a well-formed text changed it", engine, after);
 }
 
@@ -92,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         mask.append(maskChar(in));
     MaskEngine engine;
     MaskEditState state;
-    state.text = engine.ParseMask(mask);
+    state.text = engine.parseMask(mask);
     if (!wellFormed(engine, state.text))
         fail("the blank template is malformed", engine, state);
 
@@ -110,14 +110,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         switch (in.next() % 10) {
         case 0: case 1: case 2: case 3: {
             const QChar c = MaskEngine::applyTypedCase(anyChar(in), in.next() % 3);
-            result = engine.EditMaskedText(state, QStringView(&c, 1));
+            result = engine.editMaskedText(state, QStringView(&c, 1));
             break;
         }
         case 4:
-            result = engine.Backspace(state);
+            result = engine.backspace(state);
             break;
         case 5:
-            result = engine.Delete(state);
+            result = engine.deleteForward(state);
             break;
         case 6:
             state.selStart = in.next() % (n + 3) - 1;
@@ -131,7 +131,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             QString pasted;
             for (int i = in.next() % 6; i > 0; --i)
                 pasted.append(anyChar(in));
-            result = engine.EditMaskedText(state, pasted, in.next() % 4 == 0 ? in.next() % (n + 2) : -1);
+            result = engine.editMaskedText(state, pasted, in.next() % 4 == 0 ? in.next() % (n + 2) : -1);
             break;
         }
         default: {
@@ -139,12 +139,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             for (int i = in.next() % (n + 3); i > 0; --i)
                 raw.append(anyChar(in));
             // With no mask the value passes through unchecked; nothing to hold it to.
-            const QString shown = engine.isEmpty() ? QString() : engine.FormatMaskValue(raw);
+            const QString shown = engine.isEmpty() ? QString() : engine.formatMaskValue(raw);
             if (!shown.isEmpty() && !wellFormed(engine, shown))
-                fail("FormatMaskValue built a malformed text", engine, state);
-            if (engine.ExtractMaskValue(state.text, in.next() % 3).size() != engine.inputCount()
+                fail("formatMaskValue built a malformed text", engine, state);
+            if (engine.extractMaskValue(state.text, in.next() % 3).size() != engine.inputCount()
                 && !engine.isEmpty())
-                fail("ExtractMaskValue lost or gained characters", engine, state);
+                fail("extractMaskValue lost or gained characters", engine, state);
             if (!shown.isEmpty())
                 state.text = shown;
             continue;

@@ -50,7 +50,7 @@ void check(const NumberEditor &editor, const NumberEditState &before, const Numb
     const QVariant shown = editor.valueOfText(r.text, before.dataType);
     if (!shown.isValid())
         fail("shown text is not a number of the type within its limits", before, r);
-    if (!NumberType::IsInRange(shown, false, before.dataType))
+    if (!NumberType::isInRange(shown, false, before.dataType))
         fail("shown number outside the type's limits", before, r);
     const QString again = display.formatValue(shown, before.dataType);
     const bool negativeZero = NumberType::isZero(shown)

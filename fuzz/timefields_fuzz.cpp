@@ -141,15 +141,15 @@ bool wellFormed(const MaskEngine &engine, const QString &text)
 void replaceMask(Box &box, const QString &mask)
 {
     // A masked box keeps its raw value across a new mask.
-    const QString raw = box.engine.ExtractMaskValue(box.state.text, 0);
-    box.engine.ParseMask(mask);
-    box.state.text = box.engine.FormatMaskValue(raw);
+    const QString raw = box.engine.extractMaskValue(box.state.text, 0);
+    box.engine.parseMask(mask);
+    box.state.text = box.engine.formatMaskValue(raw);
 }
 
 // The inner box's change handler.
 void reread(Box &box)
 {
-    const auto r = box.fields.read(box.state.text, box.engine.ExtractMaskValue(box.state.text, 0),
+    const auto r = box.fields.read(box.state.text, box.engine.extractMaskValue(box.state.text, 0),
                                    box.minimum, box.maximum);
     box.valid = r.valid();
     box.stored = box.valid ? r.time : Date();
@@ -158,13 +158,13 @@ void reread(Box &box)
 void showStored(Box &box)
 {
     if (!box.valid) {
-        box.state.text = box.engine.FormatMaskValue(QString());
+        box.state.text = box.engine.formatMaskValue(QString());
         return;
     }
     const TimeFields::Shown shown = box.fields.shownTime(box.stored);
     if (shown.mask)
-        box.engine.ParseMask(*shown.mask);
-    box.state.text = box.engine.FormatMaskValue(shown.digits);
+        box.engine.parseMask(*shown.mask);
+    box.state.text = box.engine.formatMaskValue(shown.digits);
     const Shown s = shownFields(box.fields, box.state.text);
     const Date::Parts p = box.stored.parts();
     const int hour = box.fields.hasAmPm() ? clockHour(s.hour, s.pm) : s.hour;
@@ -180,7 +180,7 @@ void checkBox(const Box &box)
     const QString &mask = box.engine.mask();
     if (mask != box.fields.mask(TimeFields::DayHalf::AM) && mask != box.fields.mask(TimeFields::DayHalf::PM))
         fail("the mask is not one of the format's", box);
-    const auto r = box.fields.read(box.state.text, box.engine.ExtractMaskValue(box.state.text, 0),
+    const auto r = box.fields.read(box.state.text, box.engine.extractMaskValue(box.state.text, 0),
                                    box.minimum, box.maximum);
     const double expected = expectedSerial(box.fields, box.state.text);
     if ((r.state != TimeFields::Reading::NoTime) != (expected >= 0))
@@ -223,7 +223,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     case 1: box.minimum = Date(Date::MinSerial); box.maximum = Date(Date::MaxSerial); break;
     default: box.minimum = rangeEnd(in); box.maximum = rangeEnd(in); break;
     }
-    box.state.text = box.engine.ParseMask(*box.fields.mask());
+    box.state.text = box.engine.parseMask(*box.fields.mask());
     checkBox(box);
 
     const int n = box.engine.length();
@@ -234,7 +234,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         switch (action % 13) {
         case 0: case 1: case 2: case 3: case 4: {
             const QChar c = action >= 240 ? QLatin1Char(' ') : QChar(u'0' + in.next() % 10);
-            edited = box.engine.EditMaskedText(state, QStringView(&c, 1)).textChanged;
+            edited = box.engine.editMaskedText(state, QStringView(&c, 1)).textChanged;
             break;
         }
         case 5: {
@@ -242,7 +242,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             const auto half = TimeFields::dayHalfOfKey(key);
             if (!box.fields.hasAmPm()) {
                 const QChar c = QLatin1Char(char(key));
-                if (box.engine.EditMaskedText(state, QStringView(&c, 1)).accepted)
+                if (box.engine.editMaskedText(state, QStringView(&c, 1)).accepted)
                     fail("a letter went into a 24-hour time", box);
                 break;
             }
@@ -261,10 +261,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             break;
         }
         case 6:
-            edited = box.engine.Backspace(state).textChanged;
+            edited = box.engine.backspace(state).textChanged;
             break;
         case 7:
-            edited = box.engine.Delete(state).textChanged;
+            edited = box.engine.deleteForward(state).textChanged;
             break;
         case 8:
             state.selStart = in.next() % (n + 1);

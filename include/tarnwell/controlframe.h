@@ -29,7 +29,7 @@ class PropertyBag;
 
 // The outer frame every Tarnwell control is built on. It is the host's site (design or run
 // time, the can-property-change query, the set of properties reported changed), keeps the
-// HasFocus and Updating flags, draws the border, raises the events, and stores the common
+// focus and updating flags, draws the border, raises the events, and stores the common
 // properties, which it applies to the inner widgets through an editor: a line editor (the text
 // box Text1 and the check box Check1, for MaskBox and NumberBox) or an inner-mask editor (an
 // inner MaskBox, for DateBox and TimeBox).
@@ -139,15 +139,16 @@ public:
     void setUserMode(bool runTime);
     using CanPropertyChangeHook = std::function<bool(const QString &name)>;
     void setCanPropertyChangeHook(CanPropertyChangeHook hook);
-    bool CanPropertyChange(const QString &name) const;
+    bool canPropertyChange(const QString &name) const;
     QStringList dirtyProperties() const { return m_dirty; } // in the order first marked
     bool isDirty(const QString &name) const { return m_dirty.contains(name); }
     void clearDirty() { m_dirty.clear(); }
 
-    // Per-instance flags.
-    bool HasFocus() const { return m_hasFocus; }
-    bool CheckHasFocus() const;
-    bool Updating() const { return m_updating; }
+    // Per-instance flags: the focus is somewhere in the control (QWidget::hasFocus() sees the
+    // frame alone), the focus is on Check1, the control is writing its own inner widgets.
+    bool controlHasFocus() const { return m_hasFocus; }
+    bool checkHasFocus() const;
+    bool isUpdating() const { return m_updating; }
 
     // The documented default size, grown to fit the font.
     QSize sizeHint() const override;
@@ -185,7 +186,7 @@ protected:
     explicit ControlFrame(QWidget *parent, EditorKind kind = EditorKind::Line,
                           const QString &innerName = QString());
 
-    // Raises Updating for its lifetime (nests: the previous state comes back).
+    // Raises isUpdating() for its lifetime (nests: the previous state comes back).
     class UpdatingGuard
     {
     public:
@@ -252,7 +253,7 @@ protected:
 
     // --- The text changed: by a key, by the control's own write, or (line editor) by text that
     // arrived without keys and was taken. Default: mark "Value" dirty and raise Change unless
-    // Updating.
+    // isUpdating().
     virtual void onTextChanged();
     // Text arrived in the text box without keys (a paste from the context menu, a drop, an
     // undo, a program's call on the text box) while the control is not Locked (a Locked
@@ -261,8 +262,8 @@ protected:
     virtual void onForeignText(const QString &text, const QString &previous);
 
     // --- Focus entering or leaving the control as a whole (moves between its own inner widgets
-    // are not seen). HasFocus is set / cleared before the hook. Default: entering selects all
-    // the text when SelectTextOnFocus.
+    // are not seen). controlHasFocus() turns on / off before the hook. Default: entering
+    // selects all the text when SelectTextOnFocus.
     virtual void onEnterFocus();
     virtual void onExitFocus();
 
@@ -272,7 +273,7 @@ protected:
 
     // --- The check box's value changed (user or code): Checked, the text's visibility, focus
     // into the text when the user ticked it, updateValueControls(), this hook, then Change
-    // unless Updating.
+    // unless isUpdating().
     virtual void afterCheckClick() {}
     // The enabled state of the controls that act on the value (valueControlsEnabled()) may have
     // changed: Enabled, CheckBox or Checked moved. Default: nothing.

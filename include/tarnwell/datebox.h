@@ -148,8 +148,8 @@ private:
     static bool isSeparator(const QString &separator);
     // Shows the value in the mode the focus calls for: edit digits in the numeric mask, the
     // display pattern without a mask, or nothing; the calendar follows the value (or today).
-    void RefreshDisplay();
-    void Step(bool up);
+    void refreshDisplay();
+    void step(bool up);
     void pickerDropDown();
     void pickerChange();
     void setPickerValue(Date date);

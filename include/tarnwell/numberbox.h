@@ -139,8 +139,8 @@ private:
     // Writes an accepted edit: the value first (the colour rule reads it), then text and caret.
     void apply(const NumberEditResult &result);
     void writeNumber(const QString &text, int selStart, int selLength);
-    void ShowValue();
-    void Step(bool up);
+    void showValue();
+    void step(bool up);
     void paste(const QString &text);
     void refreshTextColor();
     // Text1 took a text no edit of ours wrote (drag move, undo, a program's insert...): keep it

@@ -108,8 +108,8 @@ private:
     enum class ShowFor { Display, ValueSet };
 
     void rebuildFields();
-    void BuildTimeMask();
-    void ShowTimeValue(ShowFor reason = ShowFor::Display);
+    void buildTimeMask();
+    void showTimeValue(ShowFor reason = ShowFor::Display);
     void clearShownTime();
     bool textHidden() const;
     void switchDayHalf(short keyAscii);

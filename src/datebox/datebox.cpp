@@ -18,7 +18,7 @@ namespace Tarnwell {
 DateBox::DateBox(QWidget *parent)
     : ControlFrame(parent, EditorKind::InnerMask, QStringLiteral("mdtDate")),
       m_fields(std::make_unique<DateFields>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { Step(up); })),
+      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); })),
       m_separator(QStringLiteral("/"))
 {
     Variant::registerTypes();
@@ -116,7 +116,7 @@ void DateBox::setValue(const QVariant &value)
     } else {
         m_valid = false; // the previous date stays, unshown
     }
-    RefreshDisplay();
+    refreshDisplay();
     emit Change();
 }
 
@@ -142,7 +142,7 @@ void DateBox::setFormat(int format)
     if (const std::optional<QString> pattern = m_fields->displayPattern())
         m_displayFormat = *pattern;
     relayout(); // the button may change
-    RefreshDisplay();
+    refreshDisplay();
 }
 
 void DateBox::setSeparator(const QString &separator)
@@ -152,7 +152,7 @@ void DateBox::setSeparator(const QString &separator)
     m_separator = separator;
     rebuildFields();
     // The edit mask takes it now; the display pattern only when Format is set again.
-    RefreshDisplay();
+    refreshDisplay();
     markDirty(BagKey::Separator);
 }
 
@@ -160,7 +160,7 @@ void DateBox::setDisplayFormat(const QString &pattern)
 {
     m_displayFormat = pattern;
     markDirty(BagKey::DisplayFormat);
-    RefreshDisplay();
+    refreshDisplay();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -258,7 +258,7 @@ void DateBox::setCalendarFont(const QFont &font)
 // ---------------------------------------------------------------------------------------------
 // Display
 
-void DateBox::RefreshDisplay()
+void DateBox::refreshDisplay()
 {
     if (!m_picker)
         return; // being destroyed
@@ -268,13 +268,13 @@ void DateBox::RefreshDisplay()
         inner.setMask(*mask);
     // At design time the inner box shows its mask and takes no value.
     if (m_valid && UserMode()) {
-        if (HasFocus()) {
-            inner.setValue(m_fields->DateToEditDigits(m_value));
+        if (controlHasFocus()) {
+            inner.setValue(m_fields->dateToEditDigits(m_value));
         } else {
             inner.setMask(QString());
             inner.setValue(DateFormat::format(m_value, m_displayFormat));
         }
-    } else if (!m_valid && UserMode() && !HasFocus()) {
+    } else if (!m_valid && UserMode() && !controlHasFocus()) {
         inner.setValue(Variant::null()); // clears a shown check box, hence the rule below
         updateValueControls();
     }
@@ -285,12 +285,12 @@ void DateBox::RefreshDisplay()
 // Typing: every accepted change of the text is read back, valid or not, and raises Change.
 void DateBox::onTextChanged()
 {
-    if (Updating() || Locked() || !HasFocus())
+    if (isUpdating() || Locked() || !controlHasFocus())
         return;
     {
         UpdatingGuard updating(*this);
         const QString text = shownText();
-        const DateFields::Reading reading = m_fields->ParseEditText(text, Minimum(), Maximum());
+        const DateFields::Reading reading = m_fields->parseEditText(text, Minimum(), Maximum());
         m_valid = reading.isAcceptable();
         m_value = m_valid ? reading.date : clampedToday();
         setPickerValue(m_value);
@@ -302,13 +302,13 @@ void DateBox::onTextChanged()
 
 void DateBox::onEnterFocus()
 {
-    RefreshDisplay(); // edit digits in the numeric mask
+    refreshDisplay(); // edit digits in the numeric mask
     ControlFrame::onEnterFocus();
 }
 
 void DateBox::onExitFocus()
 {
-    RefreshDisplay(); // the display pattern, or nothing
+    refreshDisplay(); // the display pattern, or nothing
 }
 
 } // namespace Tarnwell

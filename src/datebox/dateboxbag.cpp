@@ -71,7 +71,7 @@ void DateBox::InitProperties()
     m_value = Date(); // no date: the calendar shows today
     box().setPromptInclude(true);
     relayout();
-    RefreshDisplay();
+    refreshDisplay();
     updateValueControls();
 }
 
@@ -115,7 +115,7 @@ void DateBox::ReadProperties(PropertyBag &bag)
         .key(BagKey::UpDown, true, boolean, [this](const QVariant &v) { m_upDown = v.toBool(); })
         .step([this] {
             applyBorder();
-            RefreshDisplay();
+            refreshDisplay();
         })
         .key(BagKey::Maximum, dateValue(Date::MaxSerial), date,
              [&](const QVariant &v) {
@@ -144,7 +144,7 @@ void DateBox::ReadProperties(PropertyBag &bag)
             m_value = clampedToday();
             box().setPromptInclude(true);
             relayout();
-            RefreshDisplay();
+            refreshDisplay();
         })
         .key(BagKey::CalendarFont, ambientFont(),
              [](const QVariant &v) { return QVariant(BagValue::toFont(v)); },

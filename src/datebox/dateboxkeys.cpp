@@ -38,9 +38,9 @@ void DateBox::handleKeyDown(short &keyCode, short &shift)
 }
 
 // One field of the date moves by one, the field being the one under the caret; a date outside
-// Minimum..Maximum is dropped with no event. The stepper has checked Locked and Updating and
-// put the focus into the text; it sets UpDown1 back to 0 afterwards.
-void DateBox::Step(bool up)
+// Minimum..Maximum is dropped with no event. The stepper has checked Locked and isUpdating()
+// and put the focus into the text; it sets UpDown1 back to 0 afterwards.
+void DateBox::step(bool up)
 {
     {
         UpdatingGuard updating(*this);
@@ -52,7 +52,7 @@ void DateBox::Step(bool up)
         m_value = *stepped;
         m_valid = true;
         setPickerValue(m_value);
-        RefreshDisplay();
+        refreshDisplay();
         box().setSelStart(caret); // the caret stays on its field
     }
     markDirty(BagKey::Value);
@@ -71,8 +71,8 @@ void DateBox::ShowDropDown()
     }
     // Down pressed and released on the focused calendar button opens it; the Alt still held
     // from Alt+Down is let go.
-    KeySender::SendVirtualKey(Keyboard::VkDown, false, false, false);
-    KeySender::SendVirtualKey(Keyboard::VkMenu, false, true, false);
+    KeySender::sendVirtualKey(Keyboard::VkDown, false, false, false);
+    KeySender::sendVirtualKey(Keyboard::VkMenu, false, true, false);
 }
 
 // The calendar opened: the date it shows (the value, or today in range) becomes the value.
@@ -85,7 +85,7 @@ void DateBox::pickerDropDown()
     const bool changed = !m_valid || m_picker->Value() != m_value;
     m_value = m_picker->Value();
     m_valid = true;
-    RefreshDisplay();
+    refreshDisplay();
     QPointer<DateBox> self(this);
     if (changed) {
         markDirty(BagKey::Value);
@@ -102,7 +102,7 @@ void DateBox::pickerChange()
     if (Locked())
         return;
     m_value = m_picker->Value();
-    RefreshDisplay();
+    refreshDisplay();
     markDirty(BagKey::Value);
     emit Change();
 }

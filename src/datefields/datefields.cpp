@@ -168,14 +168,14 @@ std::optional<QString> DateFields::displayPattern() const
     return m_displayPattern;
 }
 
-QString DateFields::DateToEditDigits(Date date) const
+QString DateFields::dateToEditDigits(Date date) const
 {
     QString digits;
-    DateToEditDigits(date, digits);
+    dateToEditDigits(date, digits);
     return digits;
 }
 
-void DateFields::DateToEditDigits(Date date, QString &out) const
+void DateFields::dateToEditDigits(Date date, QString &out) const
 {
     if (!isKnownFormat()) {
         out.resize(0);
@@ -237,7 +237,7 @@ DateFields::FieldNumber DateFields::readField(QStringView field) const
     }
 }
 
-DateFields::Reading DateFields::ParseEditText(QStringView text, Date minimum, Date maximum) const
+DateFields::Reading DateFields::parseEditText(QStringView text, Date minimum, Date maximum) const
 {
     if (!isKnownFormat())
         return {State::Invalid, Reason::UnknownFormat, Date()};

@@ -23,8 +23,8 @@ namespace Tarnwell {
 // and no digits, and no typed text reads as a date in it.
 //
 // Typical use by a date box:
-//   focus in:        mask = editMask(), value = DateToEditDigits(date);
-//   text changed:    reading = ParseEditText(text, minimum, maximum);
+//   focus in:        mask = editMask(), value = dateToEditDigits(date);
+//   text changed:    reading = parseEditText(text, minimum, maximum);
 //   Up/Down/button:  step(start, caret, up, minimum, maximum), start from clampedToday() when the
 //                    box holds no valid date.
 class DateFields
@@ -104,14 +104,14 @@ public:
 
     // The edit digits: two-digit day and month and four-digit year in the field order, without
     // separators ("20240307" for 7 March 2024 year first). Empty for an unknown format.
-    QString DateToEditDigits(Date date) const;
+    QString dateToEditDigits(Date date) const;
     // The same into `out`, reusing its buffer.
-    void DateToEditDigits(Date date, QString &out) const;
+    void dateToEditDigits(Date date, QString &out) const;
 
     // Reads a typed text (literals included) back into a date, checked to be a real calendar date
     // within minimum..maximum. Years below 100 go to the date's construction as they are, so they
     // follow its two-digit window here as in the bounds.
-    Reading ParseEditText(QStringView text, Date minimum = MinimumDate,
+    Reading parseEditText(QStringView text, Date minimum = MinimumDate,
                           Date maximum = MaximumDate) const;
 
     // The field a step at `caret` (a 0-based selection start) changes and by how much; no field

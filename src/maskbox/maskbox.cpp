@@ -57,7 +57,7 @@ QVariant MaskBox::Value() const
 {
     if (CheckBox() && !Checked())
         return noValue();
-    QString raw = m_engine->ExtractMaskValue(Text1()->text(), m_charCase);
+    QString raw = m_engine->extractMaskValue(Text1()->text(), m_charCase);
     if (!m_promptInclude)
         raw.remove(QLatin1Char(' '));
     return raw;
@@ -67,7 +67,7 @@ void MaskBox::setValue(const QVariant &value)
 {
     if (!UserMode())
         throw Error(Error::SetNotPermitted);
-    if (!CanPropertyChange(BagKey::Value))
+    if (!canPropertyChange(BagKey::Value))
         return;
     const bool isNull = Variant::isNull(value);
     // Converted before anything changes, so that a value with no text form changes nothing.
@@ -77,7 +77,7 @@ void MaskBox::setValue(const QVariant &value)
         setCheckValue(!isNull); // the click logic: Checked, Text1 shown, Change
     if (!self)
         return;
-    setText1(m_engine->FormatMaskValue(text));
+    setText1(m_engine->formatMaskValue(text));
     if (self)
         markDirty(BagKey::Value);
 }
@@ -111,11 +111,11 @@ void MaskBox::setMask(const QString &mask)
 {
     if (mask == m_engine->mask())
         return;
-    const QString raw = m_engine->ExtractMaskValue(Text1()->text(), m_charCase);
-    m_engine->ParseMask(mask); // throws before changing anything
+    const QString raw = m_engine->extractMaskValue(Text1()->text(), m_charCase);
+    m_engine->parseMask(mask); // throws before changing anything
     QPointer<MaskBox> self(this);
-    // Not under Updating: the host sees the re-formatted text as a Change.
-    setText1(UserMode() ? m_engine->FormatMaskValue(raw) : mask);
+    // No UpdatingGuard here: the host sees the re-formatted text as a Change.
+    setText1(UserMode() ? m_engine->formatMaskValue(raw) : mask);
     if (self)
         markDirty(BagKey::Mask);
 }
@@ -142,7 +142,7 @@ void MaskBox::handleKeyDown(short &keyCode, short &shift)
         return;
     try {
         MaskEditState state{Text1()->text(), SelStart(), SelLength(), Locked()};
-        if (m_engine->Delete(state).accepted)
+        if (m_engine->deleteForward(state).accepted)
             writeText(state.text, state.selStart);
     } catch (...) {
         // A failed delete is a refused one: the key is consumed all the same.
@@ -175,9 +175,9 @@ void MaskBox::maskKeyPress(short keyAscii)
     MaskEditResult result;
     if (MaskEngine::isKeyAdmitted(keyAscii)) {
         const QChar typed = MaskEngine::applyTypedCase(charOf(keyAscii), m_charCase);
-        result = m_engine->EditMaskedText(state, QStringView(&typed, 1));
+        result = m_engine->editMaskedText(state, QStringView(&typed, 1));
     } else if (keyAscii == KeyBackspace) {
-        result = m_engine->Backspace(state);
+        result = m_engine->backspace(state);
     } else {
         return;
     }
@@ -191,14 +191,14 @@ void MaskBox::maskKeyPress(short keyAscii)
 void MaskBox::onForeignText(const QString &text, const QString &previous)
 {
     ControlFrame::onForeignText(text, previous);
-    if (m_engine->isEmpty() || HasFocus() || !UserMode() || m_normalisePending)
+    if (m_engine->isEmpty() || controlHasFocus() || !UserMode() || m_normalisePending)
         return;
     m_normalisePending = true;
     QMetaObject::invokeMethod(
         this,
         [this] {
             m_normalisePending = false;
-            if (!HasFocus() && UserMode()) {
+            if (!controlHasFocus() && UserMode()) {
                 try {
                     normalise();
                 } catch (...) {
@@ -226,7 +226,7 @@ void MaskBox::normalise()
     UpdatingGuard guard(*this);
     // Twice, as the text box has always done; the second pass leaves a well-formed text alone.
     for (int pass = 0; pass < 2; ++pass)
-        setText1(m_engine->FormatMaskValue(m_engine->ExtractMaskValue(Text1()->text(), m_charCase)));
+        setText1(m_engine->formatMaskValue(m_engine->extractMaskValue(Text1()->text(), m_charCase)));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -235,7 +235,7 @@ void MaskBox::normalise()
 void MaskBox::InitProperties()
 {
     CommonProperties::initialise(*this);
-    m_engine->ParseMask(QString());
+    m_engine->parseMask(QString());
     m_charCase = twAnyCase;
     m_promptInclude = true;
     UpdatingGuard guard(*this);
@@ -270,7 +270,7 @@ void MaskBox::ReadProperties(PropertyBag &bag)
         .key(BagKey::Mask, QString(),
              [&engine](const QVariant &v) {
                  const QString mask = BagValue::toString(v);
-                 engine.ParseMask(mask); // Error(6) for an oversized mask, before anything changes
+                 engine.parseMask(mask); // Error(6) for an oversized mask, before anything changes
                  return mask;
              },
              [this, &engine](const QVariant &mask) {

@@ -82,10 +82,10 @@ MaskEngine::MaskEngine() : m_kinds{0} {}
 
 MaskEngine::MaskEngine(const QString &mask) : MaskEngine()
 {
-    ParseMask(mask);
+    parseMask(mask);
 }
 
-QString MaskEngine::ParseMask(const QString &mask)
+QString MaskEngine::parseMask(const QString &mask)
 {
     // Count first: an escaping backslash is no position, nor is a lone one at the very end.
     qsizetype n = 0;
@@ -189,7 +189,7 @@ QChar MaskEngine::applyTypedCase(QChar c, int charCase)
     return c;
 }
 
-QString MaskEngine::FormatMaskValue(const QString &raw) const
+QString MaskEngine::formatMaskValue(const QString &raw) const
 {
     if (isEmpty())
         return raw;
@@ -216,7 +216,7 @@ QString MaskEngine::FormatMaskValue(const QString &raw) const
     return shown;
 }
 
-QString MaskEngine::ExtractMaskValue(const QString &shown, int charCase) const
+QString MaskEngine::extractMaskValue(const QString &shown, int charCase) const
 {
     if (isEmpty())
         return shown;
@@ -234,7 +234,7 @@ QString MaskEngine::ExtractMaskValue(const QString &shown, int charCase) const
     return raw;
 }
 
-MaskEditResult MaskEngine::EditMaskedText(MaskEditState &state, QStringView insertText, int pos) const
+MaskEditResult MaskEngine::editMaskedText(MaskEditState &state, QStringView insertText, int pos) const
 {
     MaskEditResult result;
     result.pos = pos;
@@ -344,22 +344,22 @@ MaskEditResult MaskEngine::EditMaskedText(MaskEditState &state, QStringView inse
     return result;
 }
 
-MaskEditResult MaskEngine::Backspace(MaskEditState &state) const
+MaskEditResult MaskEngine::backspace(MaskEditState &state) const
 {
     if (state.selLength > 0)
-        return EditMaskedText(state, QStringView(), -1);
+        return editMaskedText(state, QStringView(), -1);
     const int p = backspacePosition(state.selStart);
     if (p < 0) {
         MaskEditResult nothing;
         nothing.pos = p;
         return nothing;
     }
-    return EditMaskedText(state, QStringView(), p);
+    return editMaskedText(state, QStringView(), p);
 }
 
-MaskEditResult MaskEngine::Delete(MaskEditState &state) const
+MaskEditResult MaskEngine::deleteForward(MaskEditState &state) const
 {
-    return EditMaskedText(state, QStringView(), -1);
+    return editMaskedText(state, QStringView(), -1);
 }
 
 } // namespace Tarnwell

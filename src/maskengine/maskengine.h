@@ -47,7 +47,7 @@ struct MaskEditResult
 // 255, which arrive only by pasting, an input method or a host's key filter, stay where they
 // fit "&" and spoil any other position. Each UTF-16 code unit is one character.
 //
-// Kind codes (MaskKinds): 1 "#", 2 "@", 3 "?", 4 "&"; a literal's code is its UTF-16 code unit
+// Kind codes (maskKinds): 1 "#", 2 "@", 3 "?", 4 "&"; a literal's code is its UTF-16 code unit
 // read as a signed 16-bit number (so a literal above U+7FFF has a negative code). A literal with
 // code 1 to 4 is indistinguishable from a placeholder in this form; such a character (a control
 // character, never a sensible literal) therefore compiles to that placeholder and its template
@@ -56,11 +56,11 @@ struct MaskEditResult
 // Positions are zero-based character indexes into the shown text: position i is character i.
 //
 // Typical use by a widget:
-//   engine.ParseMask(mask) -> the blank template to show;
-//   printable key K:        engine.EditMaskedText(state, QString(applyTypedCase(K, charCase)));
-//   Backspace:              engine.Backspace(state);
-//   Delete:                 engine.Delete(state);
-//   leaving the box:        FormatMaskValue(ExtractMaskValue(text, charCase)).
+//   engine.parseMask(mask) -> the blank template to show;
+//   printable key K:        engine.editMaskedText(state, QString(applyTypedCase(K, charCase)));
+//   Backspace:              engine.backspace(state);
+//   Delete:                 engine.deleteForward(state);
+//   leaving the box:        formatMaskValue(extractMaskValue(text, charCase)).
 class MaskEngine
 {
 public:
@@ -68,15 +68,15 @@ public:
 
     // An engine with the empty mask (no mask at all).
     MaskEngine();
-    // Compiles `mask` as ParseMask does.
+    // Compiles `mask` as parseMask does.
     explicit MaskEngine(const QString &mask);
 
     // Compiles `mask` and returns its blank template (spaces in the input positions, literals in
     // theirs). Throws Error(6) when the mask has more positions than a 16-bit count can hold;
     // the engine is then unchanged.
-    QString ParseMask(const QString &mask);
+    QString parseMask(const QString &mask);
 
-    // The mask as given to ParseMask.
+    // The mask as given to parseMask.
     const QString &mask() const { return m_mask; }
     // True for the empty mask: conversions then pass texts through unchanged.
     bool isEmpty() const { return m_mask.isEmpty(); }
@@ -85,8 +85,8 @@ public:
     // m: the number of input positions.
     int inputCount() const { return m_inputCount; }
     // The compiled mask: element 0 holds n, elements 1..n the kind code of each position.
-    const QList<qint16> &MaskKinds() const { return m_kinds; }
-    // The blank template, as ParseMask returned it.
+    const QList<qint16> &maskKinds() const { return m_kinds; }
+    // The blank template, as parseMask returned it.
     const QString &blankTemplate() const { return m_template; }
 
     // Kind code of `position`; 0 outside the mask.
@@ -118,11 +118,11 @@ public:
     // Raw value -> shown text: raw's characters fill the input positions in order (cut to the
     // mask, padded with spaces). Returns the empty string when a character does not fit its
     // position, and `raw` unchanged for the empty mask.
-    QString FormatMaskValue(const QString &raw) const;
+    QString formatMaskValue(const QString &raw) const;
     // Shown text -> raw value: the characters of the input positions (the text cut or padded to
     // the mask), literal positions skipped unchecked, case changed by `charCase`: 0 unchanged,
     // 1 upper case, any other value lower case. Returns `shown` unchanged for the empty mask.
-    QString ExtractMaskValue(const QString &shown, int charCase) const;
+    QString extractMaskValue(const QString &shown, int charCase) const;
 
     // The one edit routine behind typing, Backspace and Delete, in insert style: inserting pushes
     // the input characters after `pos` right (what falls off the end is lost), deleting pulls
@@ -134,14 +134,14 @@ public:
     // land in a position that does not take it. An accepted edit rewrites the whole text to the
     // mask's length with every literal in place, and puts the caret after the inserted text
     // (past following literals, unless only literals follow), or at `pos` after a delete.
-    MaskEditResult EditMaskedText(MaskEditState &state, QStringView insertText, int pos = -1) const;
+    MaskEditResult editMaskedText(MaskEditState &state, QStringView insertText, int pos = -1) const;
 
     // The Backspace key: deletes the selection if there is one, else the input character at
     // backspacePosition() (the caret ends there); does nothing at the start of the text.
-    MaskEditResult Backspace(MaskEditState &state) const;
+    MaskEditResult backspace(MaskEditState &state) const;
     // The Delete key: deletes the selection, or the next input character with the literals in
     // front of it.
-    MaskEditResult Delete(MaskEditState &state) const;
+    MaskEditResult deleteForward(MaskEditState &state) const;
 
 private:
     QString m_mask;

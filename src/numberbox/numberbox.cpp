@@ -30,18 +30,18 @@ NumberBox::NumberBox(QWidget *parent)
       m_display(std::make_unique<NumberDisplay>(QLocale())),
       m_editor(std::make_unique<NumberEditor>(*m_display)),
       m_text2(std::make_unique<TextWorkspace>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { Step(up); }))
+      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); }))
 {
     Variant::registerTypes();
     // The line edit's own menu would offer undo, cut and paste past the number editor.
-    ContextMenuHook::InstallWindowHook(Text1());
+    ContextMenuHook::installWindowHook(Text1());
     InitProperties();
     clearDirty();
 }
 
 NumberBox::~NumberBox()
 {
-    ContextMenuHook::RemoveWindowHook(Text1());
+    ContextMenuHook::removeWindowHook(Text1());
 }
 
 QLineEdit *NumberBox::text3()
@@ -67,12 +67,12 @@ QLineEdit *NumberBox::text3()
 
 QVariant NumberBox::convert(const QVariant &value) const
 {
-    return NumberType::ConvertToType(value, m_dataType, m_display->locale());
+    return NumberType::convertToType(value, m_dataType, m_display->locale());
 }
 
 bool NumberBox::inRange(const QVariant &value, bool useMinMax) const
 {
-    return NumberType::IsInRange(value, useMinMax, m_dataType, m_minimum, m_maximum,
+    return NumberType::isInRange(value, useMinMax, m_dataType, m_minimum, m_maximum,
                                  m_display->locale());
 }
 
@@ -112,11 +112,11 @@ void NumberBox::setValue(const QVariant &value)
     }
     if (!inRange(number, true))
         return;
-    if (!CanPropertyChange(BagKey::Value))
+    if (!canPropertyChange(BagKey::Value))
         return;
     m_value = convert(number);
     markDirty(BagKey::Value);
-    ShowValue();
+    showValue();
 }
 
 void NumberBox::setMinimum(const QVariant &minimum)
@@ -158,12 +158,12 @@ void NumberBox::setDataType(int dataType)
 {
     m_dataType = dataType;
     markDirty(BagKey::DataType);
-    m_minimum = NumberType::TypeLowerLimit(dataType);
-    m_maximum = NumberType::TypeUpperLimit(dataType);
+    m_minimum = NumberType::typeLowerLimit(dataType);
+    m_maximum = NumberType::typeUpperLimit(dataType);
     m_increment = QVariant::fromValue<qint16>(1);
     m_value = QVariant::fromValue<qint16>(0);
     m_display->setDecimalPlaces(MaxDecimalPlaces());
-    ShowValue();
+    showValue();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -171,7 +171,7 @@ void NumberBox::setDataType(int dataType)
 
 qint16 NumberBox::DecimalPlaces() const
 {
-    return m_display->DecimalPlaces();
+    return m_display->decimalPlaces();
 }
 
 void NumberBox::setDecimalPlaces(qint16 places)
@@ -180,12 +180,12 @@ void NumberBox::setDecimalPlaces(qint16 places)
         return;
     m_display->setDecimalPlaces(places);
     markDirty(BagKey::DecimalPlaces);
-    ShowValue();
+    showValue();
 }
 
 qint16 NumberBox::MaxDecimalPlaces() const
 {
-    return NumberType::RegionalDecimalPlaces(m_dataType, UserSettings::numberDigits(),
+    return NumberType::regionalDecimalPlaces(m_dataType, UserSettings::numberDigits(),
                                              UserSettings::currencyDigits());
 }
 
@@ -196,31 +196,31 @@ void NumberBox::setMaxDecimalPlaces(qint16)
 
 bool NumberBox::ThousandSeparator() const
 {
-    return m_display->ThousandSeparator();
+    return m_display->thousandSeparator();
 }
 
 void NumberBox::setThousandSeparator(bool on)
 {
     m_display->setThousandSeparator(on);
     markDirty(BagKey::ThousandSeparator);
-    ShowValue();
+    showValue();
 }
 
 QString NumberBox::CurrencySymbol() const
 {
-    return m_display->CurrencySymbol();
+    return m_display->currencySymbol();
 }
 
 void NumberBox::setCurrencySymbol(const QString &symbol)
 {
     m_display->setCurrencySymbol(symbol);
     markDirty(BagKey::CurrencySymbol);
-    ShowValue();
+    showValue();
 }
 
 twCurrencyPositionConstants NumberBox::ShowCurrencySymbol() const
 {
-    return static_cast<twCurrencyPositionConstants>(m_display->ShowCurrencySymbol());
+    return static_cast<twCurrencyPositionConstants>(m_display->showCurrencySymbol());
 }
 
 void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
@@ -230,7 +230,7 @@ void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
         throw Error(Error::InvalidPropertyValue);
     m_display->setShowCurrencySymbol(p);
     markDirty(BagKey::ShowCurrencySymbol);
-    ShowValue();
+    showValue();
 }
 
 void NumberBox::setUpDown(bool on)
@@ -300,12 +300,12 @@ void NumberBox::writeNumber(const QString &text, int selStart, int selLength)
     writeText(text, selStart, selLength);
 }
 
-void NumberBox::ShowValue()
+void NumberBox::showValue()
 {
     m_text2->setText(m_display->formatNumber(m_value, m_dataType));
-    m_display->AddCurrencySymbol(*m_text2);
+    m_display->addCurrencySymbol(*m_text2);
     // As the host's text box does when its text is set, the caret goes to the front.
-    writeNumber(m_text2->Text(), 0, 0);
+    writeNumber(m_text2->text(), 0, 0);
     refreshTextColor();
 }
 
@@ -340,7 +340,7 @@ void NumberBox::onTextChanged()
         return;
     }
     markDirty(BagKey::Value);
-    if (!Updating()) {
+    if (!isUpdating()) {
         refreshTextColor();
         emit Change();
     }
@@ -364,7 +364,7 @@ void NumberBox::normaliseForeignText(const QString &text)
             // Taken as it came: the change is the host's to hear of.
             m_shownText = shown;
             markDirty(BagKey::Value);
-            if (!Updating())
+            if (!isUpdating())
                 emit Change();
         } else {
             writeNumber(shown, int(shown.size()), 0); // Change through onTextChanged()
@@ -490,7 +490,7 @@ void NumberBox::paste(const QString &text)
     apply(m_editor->paste(editState(), text));
 }
 
-void NumberBox::Step(bool up)
+void NumberBox::step(bool up)
 {
     const NumberEditResult result = m_editor->step(editState(), up);
     if (result.changed())
@@ -503,7 +503,7 @@ void NumberBox::onExitFocus()
     if (CheckBox() && !Checked())
         return;
     const std::optional<QVariant> repaired =
-        NumberType::RangeRepair(Value(), m_dataType, m_minimum, m_maximum);
+        NumberType::rangeRepair(Value(), m_dataType, m_minimum, m_maximum);
     if (!repaired)
         return;
     // Stored first: a Maximum below 0 refuses the set and the old text stays on screen.

@@ -36,8 +36,8 @@ void NumberBox::InitProperties()
     CommonProperties::initialise(*this);
     m_display->setThousandSeparator(true);
     m_dataType = twCurrency;
-    m_minimum = NumberType::TypeLowerLimit(m_dataType);
-    m_maximum = NumberType::TypeUpperLimit(m_dataType);
+    m_minimum = NumberType::typeLowerLimit(m_dataType);
+    m_maximum = NumberType::typeUpperLimit(m_dataType);
     m_value = QVariant::fromValue<qint16>(0);
     m_display->setDecimalPlaces(MaxDecimalPlaces());
     m_increment = QVariant::fromValue<qint16>(1);
@@ -48,7 +48,7 @@ void NumberBox::InitProperties()
     m_display->setShowCurrencySymbol(twNoCurrency);
     m_upDown = false;
     m_interceptArrowKeys = false;
-    ShowValue();
+    showValue();
     relayout();
     applyTextColor();
 }
@@ -62,17 +62,17 @@ void NumberBox::ReadProperties(PropertyBag &bag)
     // nothing, so anything numeric loads into it as Empty.
     const auto number = [&dataType, &locale](const QVariant &v) {
         const QVariant n = bagNumber(v);
-        if (NumberType::TypeUpperLimit(dataType).isValid()
-            && !NumberType::IsInRange(n, false, dataType, QVariant(), QVariant(), locale))
+        if (NumberType::typeUpperLimit(dataType).isValid()
+            && !NumberType::isInRange(n, false, dataType, QVariant(), QVariant(), locale))
             throw Error(Error::InvalidPropertyValue);
-        return NumberType::ConvertToType(n, dataType, locale);
+        return NumberType::convertToType(n, dataType, locale);
     };
     // An absent bound is the type's limit exactly as the DataType set leaves it (the Single and
     // Double figures stay the doubles they are published as); a stored one is taken in the type.
     const auto bound = [&bag, &dataType, &number](const QString &key, bool upper) {
         return [&bag, &dataType, &number, key, upper](const QVariant &v) {
             if (!bag.contains(key))
-                return upper ? NumberType::TypeUpperLimit(dataType) : NumberType::TypeLowerLimit(dataType);
+                return upper ? NumberType::typeUpperLimit(dataType) : NumberType::typeLowerLimit(dataType);
             return number(v);
         };
     };
@@ -119,7 +119,7 @@ void NumberBox::ReadProperties(PropertyBag &bag)
         .key(BagKey::ShowCurrencySymbol, qint32(twNoCurrency),
              [](const QVariant &v) { return int(BagValue::toInt(v, twNoCurrency, twRight)); },
              [this](const QVariant &v) { m_display->setShowCurrencySymbol(v.toInt()); })
-        .step([this] { ShowValue(); })
+        .step([this] { showValue(); })
         .common({K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty})
         .step([this] { updateValueControls(); })
         .common({K::EnterAsTab})
@@ -134,8 +134,8 @@ void NumberBox::WriteProperties(PropertyBag &bag) const
 {
     using K = CommonKey;
     bag.WriteProperty(BagKey::DataType, qint32(m_dataType), qint32(twCurrency));
-    bag.WriteProperty(BagKey::Minimum, m_minimum, NumberType::TypeLowerLimit(m_dataType));
-    bag.WriteProperty(BagKey::Maximum, m_maximum, NumberType::TypeUpperLimit(m_dataType));
+    bag.WriteProperty(BagKey::Minimum, m_minimum, NumberType::typeLowerLimit(m_dataType));
+    bag.WriteProperty(BagKey::Maximum, m_maximum, NumberType::typeUpperLimit(m_dataType));
     bag.WriteProperty(BagKey::Value, m_value, QVariant::fromValue<qint16>(0));
     CommonProperties::write(*this, bag, {K::BackColor, K::Enabled, K::Font});
     bag.WriteProperty(BagKey::ThousandSeparator, ThousandSeparator(), true);

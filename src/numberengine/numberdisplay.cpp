@@ -67,7 +67,7 @@ NumberDisplay::NumberDisplay(const QLocale &locale)
     m_minus = s.minus;
 }
 
-QString NumberDisplay::BuildFormatString() const
+QString NumberDisplay::buildFormatString() const
 {
     QString pattern = m_thousandSeparator ? QStringLiteral("#,##0") : QStringLiteral("##0");
     if (m_decimalPlaces != 0) {
@@ -101,14 +101,14 @@ QString NumberDisplay::stripped(const QString &text) const
     return text;
 }
 
-void NumberDisplay::StripCurrencySymbol(TextWorkspace &box) const
+void NumberDisplay::stripCurrencySymbol(TextWorkspace &box) const
 {
     if (!symbolShown())
         return;
-    const QString &text = box.Text();
+    const QString &text = box.text();
     const int symbolLength = int(m_currencySymbol.size());
-    int start = box.SelStart();
-    int length = box.SelLength();
+    int start = box.selStart();
+    int length = box.selLength();
     QString bare;
     if (m_showCurrencySymbol == twLeft) {
         if (!text.startsWith(m_currencySymbol))
@@ -130,16 +130,16 @@ void NumberDisplay::StripCurrencySymbol(TextWorkspace &box) const
     box.setSelLength(length);
 }
 
-void NumberDisplay::AddCurrencySymbol(TextWorkspace &box) const
+void NumberDisplay::addCurrencySymbol(TextWorkspace &box) const
 {
     if (!symbolShown())
         return;
-    const int start = box.SelStart();
+    const int start = box.selStart();
     if (m_showCurrencySymbol == twLeft) {
-        box.setText(m_currencySymbol + box.Text());
+        box.setText(m_currencySymbol + box.text());
         box.setSelStart(start + int(m_currencySymbol.size()));
     } else {
-        box.setText(box.Text() + m_currencySymbol);
+        box.setText(box.text() + m_currencySymbol);
         box.setSelStart(start);
     }
 }
@@ -153,8 +153,8 @@ QString NumberDisplay::withSymbol(const QString &number) const
 
 QString NumberDisplay::formatNumber(const QVariant &value, int dataType) const
 {
-    return NumberFormat::format(NumberType::ConvertToType(value, dataType, m_locale),
-                                BuildFormatString(), m_locale);
+    return NumberFormat::format(NumberType::convertToType(value, dataType, m_locale),
+                                buildFormatString(), m_locale);
 }
 
 QString NumberDisplay::formatValue(const QVariant &value, int dataType) const

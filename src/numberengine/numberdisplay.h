@@ -31,25 +31,25 @@ public:
     // The sign the formatter writes in front of a negative number (normally "-").
     QChar minusChar() const { return m_minus; }
 
-    qint16 DecimalPlaces() const { return m_decimalPlaces; }
+    qint16 decimalPlaces() const { return m_decimalPlaces; }
     void setDecimalPlaces(qint16 places) { m_decimalPlaces = places < 0 ? qint16(0) : places; }
-    bool ThousandSeparator() const { return m_thousandSeparator; }
+    bool thousandSeparator() const { return m_thousandSeparator; }
     void setThousandSeparator(bool on) { m_thousandSeparator = on; }
-    const QString &CurrencySymbol() const { return m_currencySymbol; }
+    const QString &currencySymbol() const { return m_currencySymbol; }
     void setCurrencySymbol(const QString &symbol) { m_currencySymbol = symbol; }
     // A twCurrencyPositionConstants value; anything else shows no symbol.
-    int ShowCurrencySymbol() const { return m_showCurrencySymbol; }
+    int showCurrencySymbol() const { return m_showCurrencySymbol; }
     void setShowCurrencySymbol(int position) { m_showCurrencySymbol = position; }
 
     // "#,##0" or "##0", then "." and DecimalPlaces zeros when there are decimals.
-    QString BuildFormatString() const;
+    QString buildFormatString() const;
 
     // Take the symbol off the box's text, keeping the caret on the same digit (a caret inside a
     // left symbol goes to 0 and the selection keeps only its part right of the symbol). A text
     // that does not carry the symbol where it belongs is left alone, so digits are never lost.
-    void StripCurrencySymbol(TextWorkspace &box) const;
+    void stripCurrencySymbol(TextWorkspace &box) const;
     // Glue the symbol on; the caret stays on the same digit and the selection collapses.
-    void AddCurrencySymbol(TextWorkspace &box) const;
+    void addCurrencySymbol(TextWorkspace &box) const;
 
     // Characters of the symbol in front of the digits of `text` (0 unless shown on the left and
     // actually present); the offset between box positions and positions in the bare number.
@@ -57,7 +57,7 @@ public:
     // The text without its symbol, when it carries one.
     QString stripped(const QString &text) const;
 
-    // The number alone, as the value converted to dataType formats with BuildFormatString().
+    // The number alone, as the value converted to dataType formats with buildFormatString().
     QString formatNumber(const QVariant &value, int dataType) const;
     // What the box shows for a value: the formatted number with the currency symbol.
     QString formatValue(const QVariant &value, int dataType) const;

@@ -132,9 +132,9 @@ NumberEditor::Reading NumberEditor::read(QStringView bare) const
 
 QVariant NumberEditor::convert(const Reading &reading, int dataType) const
 {
-    const QVariant value = NumberType::ConvertToType(QVariant(reading.canonical), dataType,
+    const QVariant value = NumberType::convertToType(QVariant(reading.canonical), dataType,
                                                      QLocale::c());
-    if (!value.isValid() || !NumberType::IsInRange(value, false, dataType))
+    if (!value.isValid() || !NumberType::isInRange(value, false, dataType))
         return QVariant();
     return value;
 }
@@ -187,7 +187,7 @@ QVariant NumberEditor::valueOfText(const QString &text, int dataType) const
     QString bare = m_display->stripped(text);
     bare.remove(m_display->thousandsChar());
     const Reading r = read(bare);
-    if (!r.ok || r.decimals > m_display->DecimalPlaces())
+    if (!r.ok || r.decimals > m_display->decimalPlaces())
         return QVariant();
     return convert(r, dataType);
 }
@@ -200,15 +200,15 @@ NumberEditResult NumberEditor::insertText(const NumberEditState &state, const QS
     TextWorkspace box(state.text);
     box.setSelStart(caret >= 0 ? caret : state.selStart);
     box.setSelLength(state.selLength);
-    const int places = m_display->DecimalPlaces();
-    if (places >= 1 && box.SelStart() == box.Text().size() && box.SelLength() == 0 && !s.isEmpty())
+    const int places = m_display->decimalPlaces();
+    if (places >= 1 && box.selStart() == box.text().size() && box.selLength() == 0 && !s.isEmpty())
         return unchanged(state);
 
     const int offset = m_display->leftSymbolLength(state.text);
-    m_display->StripCurrencySymbol(box);
-    const QString &bare = box.Text();
-    int start = box.SelStart();
-    int length = box.SelLength();
+    m_display->stripCurrencySymbol(box);
+    const QString &bare = box.text();
+    int start = box.selStart();
+    int length = box.selLength();
 
     if (s.isEmpty() && length == 0) {
         if (start == 0)
@@ -243,7 +243,7 @@ NumberEditResult NumberEditor::insertText(const NumberEditState &state, const QS
 NumberEditResult NumberEditor::edit(const NumberEditState &state, const QString &s, int start,
                                     int length) const
 {
-    const int places = m_display->DecimalPlaces();
+    const int places = m_display->decimalPlaces();
     const QChar grouping = m_display->thousandsChar();
     QString text = m_display->stripped(state.text);
 
@@ -295,11 +295,11 @@ NumberEditResult NumberEditor::deleteForward(const NumberEditState &state) const
     TextWorkspace box(state.text);
     box.setSelStart(state.selStart);
     box.setSelLength(state.selLength);
-    m_display->StripCurrencySymbol(box);
-    if (box.SelLength() > 0)
-        return edit(state, QString(), box.SelStart(), box.SelLength());
-    const QString &bare = box.Text();
-    int start = box.SelStart();
+    m_display->stripCurrencySymbol(box);
+    if (box.selLength() > 0)
+        return edit(state, QString(), box.selStart(), box.selLength());
+    const QString &bare = box.text();
+    int start = box.selStart();
     if (start < bare.size()
         && (bare.at(start) == m_display->thousandsChar() || bare.at(start) == m_display->decimalChar()))
         ++start;
@@ -315,9 +315,9 @@ NumberEditResult NumberEditor::toggleSign(const NumberEditState &state) const
     TextWorkspace box(state.text);
     box.setSelStart(state.selStart);
     box.setSelLength(state.selLength);
-    m_display->StripCurrencySymbol(box);
+    m_display->stripCurrencySymbol(box);
     const QChar minus = m_display->minusChar();
-    QString bare = box.Text();
+    QString bare = box.text();
     const bool hadMinus = bare.contains(u'-') || bare.contains(minus);
 
     bare.remove(m_display->thousandsChar());
@@ -327,7 +327,7 @@ NumberEditResult NumberEditor::toggleSign(const NumberEditState &state) const
     const QVariant current = convert(reading, state.dataType);
     const QVariant negated = NumberType::negate(current, state.dataType);
     if (!current.isValid() || !negated.isValid()
-        || !NumberType::IsInRange(negated, false, state.dataType))
+        || !NumberType::isInRange(negated, false, state.dataType))
         return unchanged(state);
 
     QString number = m_display->formatNumber(negated, state.dataType);
@@ -369,8 +369,8 @@ NumberEditResult NumberEditor::paste(const NumberEditState &state, const QString
     if (state.locked)
         return unchanged(state);
     QString cleaned = clipboard;
-    if (!m_display->CurrencySymbol().isEmpty())
-        cleaned.remove(m_display->CurrencySymbol());
+    if (!m_display->currencySymbol().isEmpty())
+        cleaned.remove(m_display->currencySymbol());
     cleaned.remove(m_display->thousandsChar());
     cleaned.removeIf([](QChar c) { return c.isSpace(); });
     if (cleaned.isEmpty())
@@ -399,7 +399,7 @@ NumberEditResult NumberEditor::step(const NumberEditState &state, bool up) const
         return unchanged(state);
     const QVariant next = up ? NumberType::add(state.value, state.increment, state.dataType)
                              : NumberType::subtract(state.value, state.increment, state.dataType);
-    if (!next.isValid() || !NumberType::IsInRange(next, false, state.dataType))
+    if (!next.isValid() || !NumberType::isInRange(next, false, state.dataType))
         return unchanged(state);
 
     const QString number = m_display->formatNumber(next, state.dataType);

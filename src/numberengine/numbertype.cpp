@@ -64,8 +64,8 @@ enum class Op { Add, Subtract };
 
 QVariant arithmetic(const QVariant &a, const QVariant &b, int dataType, Op op)
 {
-    const QVariant x = NumberType::ConvertToType(a, dataType);
-    const QVariant y = NumberType::ConvertToType(b, dataType);
+    const QVariant x = NumberType::convertToType(a, dataType);
+    const QVariant y = NumberType::convertToType(b, dataType);
     if (!x.isValid() || !y.isValid())
         return QVariant();
     try {
@@ -97,7 +97,7 @@ QVariant arithmetic(const QVariant &a, const QVariant &b, int dataType, Op op)
 
 } // namespace
 
-QVariant NumberType::TypeLowerLimit(int dataType)
+QVariant NumberType::typeLowerLimit(int dataType)
 {
     switch (dataType) {
     case twByte: return QVariant::fromValue<qint16>(0);
@@ -111,7 +111,7 @@ QVariant NumberType::TypeLowerLimit(int dataType)
     }
 }
 
-QVariant NumberType::TypeUpperLimit(int dataType)
+QVariant NumberType::typeUpperLimit(int dataType)
 {
     switch (dataType) {
     case twByte: return QVariant::fromValue<qint16>(255);
@@ -125,7 +125,7 @@ QVariant NumberType::TypeUpperLimit(int dataType)
     }
 }
 
-QVariant NumberType::ConvertToType(const QVariant &value, int dataType, const QLocale &locale)
+QVariant NumberType::convertToType(const QVariant &value, int dataType, const QLocale &locale)
 {
     try {
         switch (dataType) {
@@ -146,16 +146,16 @@ QVariant NumberType::ConvertToType(const QVariant &value, int dataType, const QL
     return QVariant();
 }
 
-bool NumberType::IsInRange(const QVariant &value, bool useMinMax, int dataType,
+bool NumberType::isInRange(const QVariant &value, bool useMinMax, int dataType,
                            const QVariant &minimum, const QVariant &maximum, const QLocale &locale)
 {
-    const QVariant v = ConvertToType(value, dataType, locale);
+    const QVariant v = convertToType(value, dataType, locale);
     if (!v.isValid())
         return false;
-    const QVariant lower = useMinMax ? ConvertToType(minimum, dataType, locale)
-                                     : TypeLowerLimit(dataType);
-    const QVariant upper = useMinMax ? ConvertToType(maximum, dataType, locale)
-                                     : TypeUpperLimit(dataType);
+    const QVariant lower = useMinMax ? convertToType(minimum, dataType, locale)
+                                     : typeLowerLimit(dataType);
+    const QVariant upper = useMinMax ? convertToType(maximum, dataType, locale)
+                                     : typeUpperLimit(dataType);
     if (!lower.isValid() || !upper.isValid())
         return false;
     const std::optional<int> low = compare(v, lower, dataType);
@@ -163,7 +163,7 @@ bool NumberType::IsInRange(const QVariant &value, bool useMinMax, int dataType,
     return low && high && *low >= 0 && *high <= 0;
 }
 
-qint16 NumberType::RegionalDecimalPlaces(int dataType, const QString &iDigits,
+qint16 NumberType::regionalDecimalPlaces(int dataType, const QString &iDigits,
                                          const QString &iCurrDigits)
 {
     const QString *setting = nullptr;
@@ -260,13 +260,13 @@ bool NumberType::isZero(const QVariant &value)
     return false;
 }
 
-std::optional<QVariant> NumberType::RangeRepair(const QVariant &value, int dataType,
+std::optional<QVariant> NumberType::rangeRepair(const QVariant &value, int dataType,
                                                 const QVariant &minimum, const QVariant &maximum)
 {
-    if (IsInRange(value, true, dataType, minimum, maximum))
+    if (isInRange(value, true, dataType, minimum, maximum))
         return std::nullopt;
     const QVariant zero = QVariant::fromValue<qint16>(0);
-    const std::optional<int> order = compare(zero, ConvertToType(minimum, dataType), dataType);
+    const std::optional<int> order = compare(zero, convertToType(minimum, dataType), dataType);
     if (order && *order < 0)
         return minimum;
     return zero;

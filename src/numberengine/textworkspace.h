@@ -21,16 +21,16 @@ public:
     TextWorkspace() = default;
     explicit TextWorkspace(const QString &text) : m_text(text) {}
 
-    const QString &Text() const { return m_text; }
+    const QString &text() const { return m_text; }
     void setText(const QString &text);
 
-    int SelStart() const { return m_selStart; }
+    int selStart() const { return m_selStart; }
     void setSelStart(int start);
 
-    int SelLength() const { return m_selLength; }
+    int selLength() const { return m_selLength; }
     void setSelLength(int length);
 
-    QString SelText() const { return m_text.mid(m_selStart, m_selLength); }
+    QString selText() const { return m_text.mid(m_selStart, m_selLength); }
     void setSelText(const QString &text);
 
 private:

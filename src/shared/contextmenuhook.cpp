@@ -16,7 +16,7 @@ ContextMenuHook *ContextMenuHook::instance()
     return hook;
 }
 
-void ContextMenuHook::InstallWindowHook(QWidget *control)
+void ContextMenuHook::installWindowHook(QWidget *control)
 {
     if (!control)
         return;
@@ -28,7 +28,7 @@ void ContextMenuHook::InstallWindowHook(QWidget *control)
     hook->m_last = control;
 }
 
-void ContextMenuHook::RemoveWindowHook(QWidget *control)
+void ContextMenuHook::removeWindowHook(QWidget *control)
 {
     if (!control)
         return;

@@ -16,8 +16,8 @@ class ContextMenuHook : public QObject
 {
     Q_OBJECT
 public:
-    static void InstallWindowHook(QWidget *control);
-    static void RemoveWindowHook(QWidget *control);
+    static void installWindowHook(QWidget *control);
+    static void removeWindowHook(QWidget *control);
     static bool isHooked(const QWidget *control);
     static QWidget *hookedWidget();
 

@@ -108,7 +108,7 @@ void ControlFrame::setCanPropertyChangeHook(CanPropertyChangeHook hook)
     m_canPropertyChange = std::move(hook);
 }
 
-bool ControlFrame::CanPropertyChange(const QString &name) const
+bool ControlFrame::canPropertyChange(const QString &name) const
 {
     return !m_canPropertyChange || m_canPropertyChange(name);
 }
@@ -129,7 +129,7 @@ std::optional<QVariant> ControlFrame::beginValueSet(const QVariant &value)
 {
     if (!m_userMode)
         refuse(Error::SetNotPermitted);
-    if (!CanPropertyChange(BagKey::Value))
+    if (!canPropertyChange(BagKey::Value))
         return std::nullopt;
     QPointer<ControlFrame> self(this);
     markDirty(BagKey::Value);
@@ -151,7 +151,7 @@ void ControlFrame::refuseSet() const
     refuse(m_userMode ? Error::SetNotSupportedAtRuntime : Error::SetNotPermitted);
 }
 
-bool ControlFrame::CheckHasFocus() const
+bool ControlFrame::checkHasFocus() const
 {
     return m_editor->checkHasFocus();
 }

@@ -188,7 +188,7 @@ void InnerMaskEditor::setChecked(bool checked)
 
 bool InnerMaskEditor::checkHasFocus() const
 {
-    return m_box->CheckHasFocus();
+    return m_box->checkHasFocus();
 }
 
 QString InnerMaskEditor::text() const

@@ -66,7 +66,7 @@ bool KeyPipeline::keyPress(QKeyEvent *event)
     if (ascii == 0)
         return keyConsumed;
     if (ascii == '\r' && m_frame.EnterAsTab()) {
-        KeySender::SendCharKeys(QStringLiteral("\t"), false, false);
+        KeySender::sendCharKeys(QStringLiteral("\t"), false, false);
         return true;
     }
     short keyAscii = short(ascii);

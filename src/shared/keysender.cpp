@@ -72,7 +72,7 @@ void KeySender::post(int vk, bool down, int flags, int shiftBits, const QString 
         Qt::QueuedConnection);
 }
 
-void KeySender::SendCharKeys(const QString &ch, bool skipRelease, bool skipPress)
+void KeySender::sendCharKeys(const QString &ch, bool skipRelease, bool skipPress)
 {
     if (ch.isEmpty())
         return;
@@ -110,7 +110,7 @@ void KeySender::SendCharKeys(const QString &ch, bool skipRelease, bool skipPress
     }
 }
 
-void KeySender::SendVirtualKey(int vk, bool skipRelease, bool skipPress, bool notExtended)
+void KeySender::sendVirtualKey(int vk, bool skipRelease, bool skipPress, bool notExtended)
 {
     if (vk <= 0 || vk > 0xFF)
         return;

@@ -25,9 +25,9 @@ public:
 
     // Types the first character of `ch`: its shift keys, the key, then releases the key and the
     // shift keys (Shift, Ctrl, Alt, in that order). A character no key types is not sent.
-    static void SendCharKeys(const QString &ch, bool skipRelease, bool skipPress);
+    static void sendCharKeys(const QString &ch, bool skipRelease, bool skipPress);
     // Presses and releases one virtual key with no shift keys.
-    static void SendVirtualKey(int vk, bool skipRelease, bool skipPress, bool notExtended);
+    static void sendVirtualKey(int vk, bool skipRelease, bool skipPress, bool notExtended);
 
     // Sees every stroke as it is posted (null: none). Tests use it to check the sequence.
     using Observer = std::function<void(const Stroke &)>;

@@ -275,7 +275,7 @@ void LineEditor::checkClicked()
     if (!self)
         return;
     m_frame.afterCheckClick();
-    if (self && !m_frame.Updating())
+    if (self && !m_frame.isUpdating())
         emit m_frame.Change();
 }
 

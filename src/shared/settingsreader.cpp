@@ -25,17 +25,17 @@ void SettingsReader::setStore(SettingsStore *store)
     current = store;
 }
 
-QVariant SettingsReader::GetRegValue(SettingsStore::Handle root, const QString &subKey,
+QVariant SettingsReader::getRegValue(SettingsStore::Handle root, const QString &subKey,
                                      const QString &valueName)
 {
     SettingsStore &s = store();
     const SettingsStore::Handle key = s.openKey(root, subKey);
-    const QString text = ReadRegValue(key, valueName);
+    const QString text = readRegValue(key, valueName);
     s.closeKey(key);
     return QVariant(text);
 }
 
-QString SettingsReader::ReadRegValue(SettingsStore::Handle openKey, const QString &valueName)
+QString SettingsReader::readRegValue(SettingsStore::Handle openKey, const QString &valueName)
 {
     const SettingsStore &s = store();
     const auto info = s.queryInfo(openKey, valueName);

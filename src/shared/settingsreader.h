@@ -17,9 +17,9 @@ public:
     static constexpr SettingsStore::Handle HKeyCurrentUser = SettingsStore::CurrentUser;
 
     // Opens `subKey` under `root`, reads `valueName`, closes the key: a QVariant holding a QString.
-    static QVariant GetRegValue(SettingsStore::Handle root, const QString &subKey,
+    static QVariant getRegValue(SettingsStore::Handle root, const QString &subKey,
                                 const QString &valueName);
-    static QString ReadRegValue(SettingsStore::Handle openKey, const QString &valueName);
+    static QString readRegValue(SettingsStore::Handle openKey, const QString &valueName);
 
     // The store every read goes to: the per-user file unless a host or a test set another.
     static SettingsStore &store();

@@ -84,12 +84,12 @@ void UpDownStepper::pressed()
 
 void UpDownStepper::stepBy(bool up)
 {
-    if (m_stepping || m_frame.Locked() || m_frame.Updating())
+    if (m_stepping || m_frame.Locked() || m_frame.isUpdating())
         return;
     // A host's handler may destroy the control (and this) during the step.
     QPointer<ControlFrame> self(&m_frame);
     m_stepping = true;
-    if (!m_frame.HasFocus()) {
+    if (!m_frame.controlHasFocus()) {
         FrameEditor &editor = m_frame.editor();
         editor.focusTarget()->setFocus(Qt::OtherFocusReason);
         if (!self)

@@ -11,7 +11,7 @@ class UpDownButton;
 // The up-down button UpDown1 of a control and the stepping glue around it, the same for every
 // control that steps. The button is created when it is first shown. Each press of it, and each
 // arrow key the control hands over, runs the control's step once: nothing while the control is
-// Locked or Updating or already stepping; the focus moves into the text first (the caret where
+// Locked, isUpdating() or already stepping; the focus moves into the text first (the caret where
 // the selection started); the button's value gives the direction and goes back to 0 after.
 class UpDownStepper : public QObject
 {

@@ -20,7 +20,7 @@ struct Cache
 
 QString read(const QString &subKey, const QString &name)
 {
-    return SettingsReader::GetRegValue(SettingsReader::HKeyCurrentUser, subKey, name).toString();
+    return SettingsReader::getRegValue(SettingsReader::HKeyCurrentUser, subKey, name).toString();
 }
 
 const Cache &current()

@@ -45,8 +45,8 @@ void TimeBox::setFormat(int format)
     m_format = format;
     rebuildFields();
     markDirty(BagKey::Format);
-    BuildTimeMask();
-    ShowTimeValue();
+    buildTimeMask();
+    showTimeValue();
 }
 
 void TimeBox::setSeparator(const QString &separator)
@@ -55,8 +55,8 @@ void TimeBox::setSeparator(const QString &separator)
         throw Error(Error::InvalidPropertyValue);
     m_separator = separator.front();
     rebuildFields();
-    BuildTimeMask();
-    ShowTimeValue();
+    buildTimeMask();
+    showTimeValue();
     markDirty(BagKey::Separator);
 }
 
@@ -109,13 +109,13 @@ void TimeBox::setValue(const QVariant &value)
         m_isValid = false;
         m_showPending = false;
         UpdatingGuard updating(*this);
-        BuildTimeMask();
+        buildTimeMask();
         innerBox()->setValue(Variant::null()); // clears the box, unticking a shown check box
         updateValueControls();
     } else if (TimeFields::inRange(time, m_minimum, m_maximum)) {
         m_time = time;
         m_isValid = true;
-        ShowTimeValue(ShowFor::ValueSet);
+        showTimeValue(ShowFor::ValueSet);
     } else {
         m_isValid = false; // the old text stays until the box is shown again
     }
@@ -131,7 +131,7 @@ void TimeBox::rebuildFields()
     *m_fields = TimeFields(m_format, m_separator);
 }
 
-void TimeBox::BuildTimeMask()
+void TimeBox::buildTimeMask()
 {
     UpdatingGuard updating(*this);
     MaskBox *box = innerBox();
@@ -150,7 +150,7 @@ bool TimeBox::textHidden() const
     return CheckBox() && !Checked();
 }
 
-void TimeBox::ShowTimeValue(ShowFor reason)
+void TimeBox::showTimeValue(ShowFor reason)
 {
     UpdatingGuard updating(*this);
     MaskBox *box = innerBox();
@@ -192,11 +192,11 @@ void TimeBox::clearShownTime()
 // itself is never rewritten here, so an out-of-range time stays visible while there is no value.
 void TimeBox::onTextChanged()
 {
-    if (Updating())
+    if (isUpdating())
         return;
     QPointer<TimeBox> self(this);
     if (m_showPending && !textHidden())
-        ShowTimeValue();
+        showTimeValue();
     MaskBox *box = innerBox();
     const QVariant raw = box->Value();
     const TimeFields::Reading reading =
@@ -212,14 +212,14 @@ void TimeBox::onTextChanged()
 
 void TimeBox::onEnterFocus()
 {
-    ShowTimeValue();
+    showTimeValue();
     ControlFrame::onEnterFocus();
 }
 
 void TimeBox::onExitFocus()
 {
     ControlFrame::onExitFocus();
-    ShowTimeValue();
+    showTimeValue();
 }
 
 void TimeBox::updateValueControls()

@@ -41,8 +41,8 @@ void TimeBox::InitProperties()
     m_time = Date();
     m_isValid = false;
     m_showPending = false;
-    BuildTimeMask();
-    ShowTimeValue();
+    buildTimeMask();
+    showTimeValue();
     relayout();
 }
 
@@ -102,8 +102,8 @@ void TimeBox::ReadProperties(PropertyBag &bag)
             innerBox()->setPromptInclude(true);
             rebuildFields();
             applyBorder();
-            BuildTimeMask();
-            ShowTimeValue();
+            buildTimeMask();
+            showTimeValue();
         })
         .common({K::NullIfEmpty, K::ToolTip, K::CheckBox, K::Checked, K::ForeColor, K::DisabledColor})
         .step([this] { updateValueControls(); })

@@ -51,7 +51,7 @@ void TimeBox::switchDayHalf(short keyAscii)
         return; // out of range, or no time to switch: nothing changes
     QPointer<TimeBox> self(this);
     m_currentMask = result.mask;
-    // Not under Updating: the new marker is read back from the text, with Change.
+    // No UpdatingGuard here: the new marker is read back from the text, with Change.
     innerBox()->setMask(m_currentMask);
     if (!self)
         return;
@@ -60,8 +60,9 @@ void TimeBox::switchDayHalf(short keyAscii)
     editor().setSelLength(selLength);
 }
 
-// One step of the field under the caret, from the stored time or, with none, from now brought
-// into the range. The stepper has checked Locked and Updating and put the focus in the text.
+// One step of the field under the caret, from the stored time or, with none, from now
+// brought into the range. The stepper has checked Locked and isUpdating() and put the focus
+// in the text.
 void TimeBox::step(bool up)
 {
     {
@@ -74,7 +75,7 @@ void TimeBox::step(bool up)
             return; // outside the range: no text, no value, no event
         m_time = *next;
         m_isValid = true;
-        ShowTimeValue();
+        showTimeValue();
         editor().setSelStart(caret);
     }
     // Raised once the flag is down: the host's handler may do anything, destroying the box too.

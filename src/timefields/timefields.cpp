@@ -269,12 +269,12 @@ std::optional<Date> TimeFields::dateOf(const Fields &f) const
     return Date::parse(canonicalText(f, TimeSeparator));
 }
 
-QString TimeFields::NormalizeTimeText(QStringView text) const
+QString TimeFields::normalizeTimeText(QStringView text) const
 {
     return canonicalText(fieldsOf(text));
 }
 
-bool TimeFields::IsTimeTextInRange(QStringView text)
+bool TimeFields::isTimeTextInRange(QStringView text)
 {
     const double hour = lenientNumber(text.mid(HourAt, 2));
     const double minute = lenientNumber(text.mid(MinuteAt, 2));
@@ -298,7 +298,7 @@ TimeFields::Reading TimeFields::read(QStringView text, QStringView rawValue, Dat
         time = dateOf(f);
     } else {
         const QString canonical = canonicalText(f, TimeSeparator);
-        if (!IsTimeTextInRange(canonical))
+        if (!isTimeTextInRange(canonical))
             return reading;
         time = Date::parse(canonical);
     }

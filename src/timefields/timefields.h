@@ -86,11 +86,11 @@ public:
     // and (with seconds) 6; they must read as a number once joined, and each must read as a
     // number on its own. Hours stay as typed (no 12/24-hour conversion); the marker is the text's
     // own two characters, forced to "AM" for hour 0 or 24, and "AM" in the formats without it.
-    QString NormalizeTimeText(QStringView text) const;
+    QString normalizeTimeText(QStringView text) const;
     // True when the numbers at 0, 3 and 6 (two characters each, read leniently: what does not
     // start as a number reads as 0) are below 24, 60 and 60. The same test in every format, so a
     // text without seconds reads its blank or its marker there as 0.
-    static bool IsTimeTextInRange(QStringView text);
+    static bool isTimeTextInRange(QStringView text);
 
     // The time in the box's text, as the inner box's change handler takes it: usable when the
     // canonical text is a date text, is in range as above, and the inner box's raw value

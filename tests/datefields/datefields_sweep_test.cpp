@@ -20,9 +20,9 @@ TEST_P(EveryDay, RoundTripsThroughTheMask)
     QString digits;
     for (auto day = qint64(Date::MinSerial); day <= qint64(Date::MaxSerial); ++day) {
         const Date date{double(day)};
-        fields.DateToEditDigits(date, digits);
-        const QString shown = engine.FormatMaskValue(digits);
-        const DateFields::Reading r = fields.ParseEditText(shown);
+        fields.dateToEditDigits(date, digits);
+        const QString shown = engine.formatMaskValue(digits);
+        const DateFields::Reading r = fields.parseEditText(shown);
         if (!r.isAcceptable() || r.date != date)
             FAIL() << "serial " << day << " shown as " << shown.toStdString();
     }

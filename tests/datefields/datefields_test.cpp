@@ -70,7 +70,7 @@ class EditDigits : public testing::TestWithParam<DigitsRow> {};
 TEST_P(EditDigits, FollowTheFieldOrder)
 {
     const DigitsRow &row = GetParam();
-    EXPECT_EQ(DateFields(row.format).DateToEditDigits(Date(row.serial)), QLatin1String(row.digits));
+    EXPECT_EQ(DateFields(row.format).dateToEditDigits(Date(row.serial)), QLatin1String(row.digits));
 }
 
 constexpr double March7th2024 = 45358;
@@ -102,7 +102,7 @@ TEST_P(Parse, ReadsTheFieldsAtTheirPositions)
 {
     const ParseRow &row = GetParam();
     const DateFields::Reading r = DateFields(row.format, QLatin1Char('/'))
-        .ParseEditText(QStringView(row.text), ymd(row.minimum), ymd(row.maximum));
+        .parseEditText(QStringView(row.text), ymd(row.minimum), ymd(row.maximum));
     EXPECT_EQ(r.reason, row.reason);
     EXPECT_EQ(r.state, row.reason == Reason::None ? State::Acceptable
                        : row.reason == Reason::NotANumber ? State::Intermediate : State::Invalid);

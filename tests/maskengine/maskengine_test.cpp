@@ -29,19 +29,19 @@ TEST_P(ParseMaskTest, CompilesKindsAndTemplate)
 {
     const ParseRow &row = GetParam();
     MaskEngine engine;
-    EXPECT_EQ(engine.ParseMask(row.mask), row.blank);
+    EXPECT_EQ(engine.parseMask(row.mask), row.blank);
     const int n = int(row.kinds.size());
     ASSERT_EQ(engine.length(), n);
-    ASSERT_EQ(engine.MaskKinds().size(), n + 1);
-    EXPECT_EQ(engine.MaskKinds().at(0), n);
+    ASSERT_EQ(engine.maskKinds().size(), n + 1);
+    EXPECT_EQ(engine.maskKinds().at(0), n);
     for (int i = 0; i < n; ++i) {
-        EXPECT_EQ(engine.MaskKinds().at(i + 1), row.kinds[i]) << "position " << i;
+        EXPECT_EQ(engine.maskKinds().at(i + 1), row.kinds[i]) << "position " << i;
         const bool input = row.kinds[i] >= 1 && row.kinds[i] <= 4;
         EXPECT_EQ(engine.isLiteral(i), !input) << "position " << i;
     }
     EXPECT_EQ(engine.inputCount(), row.inputs);
     // The blank template must survive the leaving-the-box normalisation.
-    EXPECT_EQ(engine.FormatMaskValue(engine.ExtractMaskValue(row.blank, 0)), row.blank);
+    EXPECT_EQ(engine.formatMaskValue(engine.extractMaskValue(row.blank, 0)), row.blank);
 }
 
 INSTANTIATE_TEST_SUITE_P(Masks, ParseMaskTest, testing::Values(
@@ -89,13 +89,13 @@ class ExtractTest : public testing::TestWithParam<ConvertRow> {};
 
 TEST_P(FormatTest, BuildsShownText)
 {
-    EXPECT_EQ(MaskEngine(GetParam().mask).FormatMaskValue(GetParam().in), GetParam().out);
+    EXPECT_EQ(MaskEngine(GetParam().mask).formatMaskValue(GetParam().in), GetParam().out);
 }
 
 TEST_P(ExtractTest, TakesRawValue)
 {
     const ConvertRow &row = GetParam();
-    EXPECT_EQ(MaskEngine(row.mask).ExtractMaskValue(row.in, row.charCase), row.out);
+    EXPECT_EQ(MaskEngine(row.mask).extractMaskValue(row.in, row.charCase), row.out);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, FormatTest, testing::Values(
@@ -151,9 +151,9 @@ TEST_P(EditTest, EditsOrRefusesWhole)
     const EditRow &row = GetParam();
     const MaskEngine engine(row.mask);
     MaskEditState state{row.text, row.selStart, row.selLength, row.locked};
-    const auto result = row.op == Op::Type      ? engine.EditMaskedText(state, row.insert)
-                        : row.op == Op::Delete ? engine.Delete(state)
-                                               : engine.Backspace(state);
+    const auto result = row.op == Op::Type      ? engine.editMaskedText(state, row.insert)
+                        : row.op == Op::Delete ? engine.deleteForward(state)
+                                               : engine.backspace(state);
     EXPECT_EQ(result.accepted, row.accepted);
     if (!row.accepted) {
         EXPECT_EQ(state.text, row.text);

@@ -26,9 +26,9 @@ TEST_P(TextWorkspaceTable, ClampsLikeTheHostTextBox)
     box.setSelLength(row.length);
     if (row.replace)
         box.setSelText(QString::fromLatin1(row.replace));
-    EXPECT_EQ(box.SelStart(), row.expStart);
-    EXPECT_EQ(box.SelLength(), row.expLength);
-    EXPECT_EQ(box.SelText(), QString::fromLatin1(row.selected));
+    EXPECT_EQ(box.selStart(), row.expStart);
+    EXPECT_EQ(box.selLength(), row.expLength);
+    EXPECT_EQ(box.selText(), QString::fromLatin1(row.selected));
 }
 
 INSTANTIATE_TEST_SUITE_P(Selection, TextWorkspaceTable, testing::Values(
@@ -46,7 +46,7 @@ TEST(TextWorkspace, NewTextPutsTheCaretAtTheFront)
     box.setSelStart(1);
     box.setSelLength(3);
     box.setText(QStringLiteral("9"));
-    EXPECT_EQ(box.SelStart() * 10 + box.SelLength(), 0);
+    EXPECT_EQ(box.selStart() * 10 + box.selLength(), 0);
 }
 
 struct SymbolRow {
@@ -64,13 +64,13 @@ TEST_P(CurrencySymbol, StripAndAddKeepTheCaret)
     TextWorkspace box(QString::fromLatin1(row.text));
     box.setSelStart(row.start);
     box.setSelLength(row.length);
-    display.StripCurrencySymbol(box);
-    EXPECT_EQ(box.Text(), QString::fromLatin1(row.bare));
-    EXPECT_EQ(box.SelStart(), row.bareStart);
-    EXPECT_EQ(box.SelLength(), row.bareLength);
-    display.AddCurrencySymbol(box);
-    EXPECT_EQ(box.SelStart(), row.addedStart);
-    EXPECT_EQ(box.SelLength(), row.addedLength);
+    display.stripCurrencySymbol(box);
+    EXPECT_EQ(box.text(), QString::fromLatin1(row.bare));
+    EXPECT_EQ(box.selStart(), row.bareStart);
+    EXPECT_EQ(box.selLength(), row.bareLength);
+    display.addCurrencySymbol(box);
+    EXPECT_EQ(box.selStart(), row.addedStart);
+    EXPECT_EQ(box.selLength(), row.addedLength);
 }
 
 INSTANTIATE_TEST_SUITE_P(Caret, CurrencySymbol, testing::Values(

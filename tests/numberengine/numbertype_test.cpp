@@ -25,15 +25,15 @@ QVariant dec(const char *text) { return QVariant::fromValue(Decimal::parse(QStri
 QVariant str(const char *text) { return QVariant(QString::fromLatin1(text)); }
 
 struct ConvertRow { const char *name; QVariant value; int type; const char *expected; };
-class ConvertToType : public testing::TestWithParam<ConvertRow> {};
+class convertToType : public testing::TestWithParam<ConvertRow> {};
 
-TEST_P(ConvertToType, RoundsHalfToEvenWithinTheType)
+TEST_P(convertToType, RoundsHalfToEvenWithinTheType)
 {
-    EXPECT_EQ(describe(NumberType::ConvertToType(GetParam().value, GetParam().type)),
+    EXPECT_EQ(describe(NumberType::convertToType(GetParam().value, GetParam().type)),
           QString::fromLatin1(GetParam().expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ConvertToType, testing::Values(
+INSTANTIATE_TEST_SUITE_P(Table, convertToType, testing::Values(
     ConvertRow{"byte top", QVariant(255), twByte, "short:255"},
     ConvertRow{"byte over", QVariant(256), twByte, "Empty"},
     ConvertRow{"byte rounds over", QVariant(255.5), twByte, "Empty"},
@@ -50,15 +50,15 @@ INSTANTIATE_TEST_SUITE_P(Table, ConvertToType, testing::Values(
     ConvertRow{"unknown type", QVariant(7), 9, "Empty"}), rowName);
 
 struct RangeRow { const char *name; QVariant value; int type; bool useMinMax; QVariant min, max; bool expected; };
-class IsInRange : public testing::TestWithParam<RangeRow> {};
+class isInRange : public testing::TestWithParam<RangeRow> {};
 
-TEST_P(IsInRange, ChecksTheTypeAndTheBounds)
+TEST_P(isInRange, ChecksTheTypeAndTheBounds)
 {
     const RangeRow &row = GetParam();
-    EXPECT_EQ(NumberType::IsInRange(row.value, row.useMinMax, row.type, row.min, row.max), row.expected);
+    EXPECT_EQ(NumberType::isInRange(row.value, row.useMinMax, row.type, row.min, row.max), row.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, IsInRange, testing::Values(
+INSTANTIATE_TEST_SUITE_P(Table, isInRange, testing::Values(
     RangeRow{"byte 255", QVariant(255), twByte, false, {}, {}, true},
     RangeRow{"byte 256", QVariant(256), twByte, false, {}, {}, false},
     RangeRow{"byte -1", QVariant(-1), twByte, false, {}, {}, false},
@@ -86,17 +86,17 @@ INSTANTIATE_TEST_SUITE_P(Table, IsInRange, testing::Values(
     RangeRow{"not a number", str("x"), twDouble, false, {}, {}, false}), rowName);
 
 struct DigitsRow { const char *name; int type; const char *digits; const char *currDigits; int expected; };
-class RegionalDecimalPlaces : public testing::TestWithParam<DigitsRow> {};
+class regionalDecimalPlaces : public testing::TestWithParam<DigitsRow> {};
 
-TEST_P(RegionalDecimalPlaces, ComeFromTheTypesSetting)
+TEST_P(regionalDecimalPlaces, ComeFromTheTypesSetting)
 {
     const DigitsRow &row = GetParam();
-    EXPECT_EQ(NumberType::RegionalDecimalPlaces(row.type, QString::fromLatin1(row.digits),
+    EXPECT_EQ(NumberType::regionalDecimalPlaces(row.type, QString::fromLatin1(row.digits),
                                                 QString::fromLatin1(row.currDigits)),
               row.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, RegionalDecimalPlaces, testing::Values(
+INSTANTIATE_TEST_SUITE_P(Table, regionalDecimalPlaces, testing::Values(
     DigitsRow{"WholeTypesNone", twLong, "3", "3", 0}, DigitsRow{"ByteUnset", twByte, "", "", 0},
     DigitsRow{"DoubleUnsetIsTwo", twDouble, "", "4", 2}, DigitsRow{"SingleNumberDigits", twSingle, "3", "", 3},
     DigitsRow{"CurrencyUnsetIsTwo", twCurrency, "1", "", 2}, DigitsRow{"CurrencyDigits", twCurrency, "", "3", 3},
@@ -135,16 +135,16 @@ INSTANTIATE_TEST_SUITE_P(Table, ExactArithmetic, testing::Values(
     ArithmeticRow{"single", Add, QVariant(0.5), QVariant(1), twSingle, "float:1.5"}), rowName);
 
 struct RepairRow { const char *name; QVariant value; QVariant min, max; const char *expected; };
-class RangeRepair : public testing::TestWithParam<RepairRow> {};
+class rangeRepair : public testing::TestWithParam<RepairRow> {};
 
-TEST_P(RangeRepair, BringsTheValueIntoRange)
+TEST_P(rangeRepair, BringsTheValueIntoRange)
 {
     const RepairRow &row = GetParam();
-    const std::optional<QVariant> r = NumberType::RangeRepair(row.value, twLong, row.min, row.max);
+    const std::optional<QVariant> r = NumberType::rangeRepair(row.value, twLong, row.min, row.max);
     EXPECT_EQ(r ? describe(*r) : QStringLiteral("none"), QString::fromLatin1(row.expected));
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, RangeRepair, testing::Values(
+INSTANTIATE_TEST_SUITE_P(Table, rangeRepair, testing::Values(
     RepairRow{"in range", 5, 1, 10, "none"},
     RepairRow{"below, zero under minimum", 0, 1, 10, "int:1"},
     RepairRow{"above, zero allowed", 20, -5, 10, "short:0"},

@@ -34,13 +34,13 @@ TEST_P(ContextMenuHooking, SwallowsTheMenuOnlyWhileHooked)
     const HookRow &row = GetParam();
     CountingEdit edit;
     for (int i = 0; i < row.installs; ++i)
-        ContextMenuHook::InstallWindowHook(&edit);
+        ContextMenuHook::installWindowHook(&edit);
     for (int i = 0; i < row.removals; ++i)
-        ContextMenuHook::RemoveWindowHook(&edit);
+        ContextMenuHook::removeWindowHook(&edit);
     sendContextMenu(&edit);
     EXPECT_EQ(ContextMenuHook::isHooked(&edit), row.hooked);
     EXPECT_EQ(edit.contextMenus, row.hooked ? 0 : 1);
-    ContextMenuHook::RemoveWindowHook(&edit);
+    ContextMenuHook::removeWindowHook(&edit);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ContextMenuHooking, testing::Values(
@@ -51,16 +51,16 @@ TEST(ContextMenuHook, SecondWidgetTakesTheSlotAndEachRemovalUnhooksItsOwn)
 {
     auto first = std::make_unique<CountingEdit>();
     CountingEdit second;
-    ContextMenuHook::InstallWindowHook(first.get());
-    ContextMenuHook::InstallWindowHook(&second);
+    ContextMenuHook::installWindowHook(first.get());
+    ContextMenuHook::installWindowHook(&second);
     EXPECT_EQ(ContextMenuHook::hookedWidget(), &second);
-    ContextMenuHook::RemoveWindowHook(first.get());
+    ContextMenuHook::removeWindowHook(first.get());
     sendContextMenu(first.get());
     sendContextMenu(&second);
     EXPECT_EQ(first->contextMenus, 1);
     EXPECT_EQ(second.contextMenus, 0) << "removing the first must not unhook the second";
     first.reset(); // a hooked widget may die first
-    ContextMenuHook::RemoveWindowHook(&second);
+    ContextMenuHook::removeWindowHook(&second);
     EXPECT_EQ(ContextMenuHook::hookedWidget(), nullptr);
 }
 

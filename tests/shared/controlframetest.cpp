@@ -371,7 +371,7 @@ TEST_P(Entering, SelectsAllOnlyWithSelectTextOnFocus)
     showAndFocus(next);
     box->Text1()->setCursorPosition(2);
     box->Text1()->setFocus(row.reason);
-    EXPECT_TRUE(box->HasFocus());
+    EXPECT_TRUE(box->controlHasFocus());
     EXPECT_EQ(box->SelStart(), row.selStart);
     EXPECT_EQ(box->SelLength(), row.selLength);
 }
@@ -408,11 +408,11 @@ TEST_F(FrameTest, MovingBetweenInnerWidgetsIsNotLeaving)
     box->setCheckBox(true);
     showAndFocus(box->Text1());
     box->Check1()->setFocus(Qt::TabFocusReason);
-    EXPECT_TRUE(box->CheckHasFocus());
+    EXPECT_TRUE(box->checkHasFocus());
     box->Text1()->setFocus(Qt::TabFocusReason);
-    EXPECT_FALSE(box->CheckHasFocus());
+    EXPECT_FALSE(box->checkHasFocus());
     next->setFocus(Qt::TabFocusReason);
-    EXPECT_FALSE(box->HasFocus());
+    EXPECT_FALSE(box->controlHasFocus());
     EXPECT_EQ(takeLog(), (Log{"enter", "exit"}));
 }
 

@@ -91,8 +91,8 @@ INSTANTIATE_TEST_SUITE_P(Picker, Use, ::testing::Values(
     UseRow{"AltUp", [](auto *t) { t->key(Qt::Key_Up, Qt::AltModifier); }, true, opened},
     UseRow{"Down", [](auto *t) { t->key(Qt::Key_Down); }, true, opened},
     UseRow{"ReplayedDownThenAltUp", [](auto *) { // how the owner opens it after its own Alt+Down
-        KeySender::SendVirtualKey(40, false, false, false);
-        KeySender::SendVirtualKey(18, false, true, false); }, true, opened},
+        KeySender::sendVirtualKey(40, false, false, false);
+        KeySender::sendVirtualKey(18, false, true, false); }, true, opened},
     UseRow{"EnterAfterRight", [](auto *t) { t->open(); t->key(Qt::Key_Right); t->key(Qt::Key_Return); }, false, opened + QStringList{"Change 2024-03-16"}},
     UseRow{"ClickOnDay", [](auto *t) { t->open(); t->clickDay(20); }, false, opened + QStringList{"Change 2024-03-20"}},
     UseRow{"ClickOnNextMonthsDay", [](auto *t) { t->open(); t->clickTitle("qt_calendar_nextmonth"); t->clickDay(20); }, false, opened + QStringList{"Change 2024-04-20"}},

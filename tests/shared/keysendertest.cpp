@@ -38,7 +38,7 @@ class CharKeys : public ::testing::TestWithParam<CharRow> {};
 TEST_P(CharKeys, PressesAndReleasesInOrder)
 {
     Recording rec;
-    KeySender::SendCharKeys(GetParam().ch, GetParam().skipRelease, GetParam().skipPress);
+    KeySender::sendCharKeys(GetParam().ch, GetParam().skipRelease, GetParam().skipPress);
     EXPECT_EQ(rec.strokes, GetParam().expected);
 }
 
@@ -68,7 +68,7 @@ TEST_P(VirtualKeys, ExtendedUnlessItTypesOrIsToldNot)
 {
     Recording rec;
     const VkRow &r = GetParam();
-    KeySender::SendVirtualKey(r.vk, r.skipRelease, r.skipPress, r.notExtended);
+    KeySender::sendVirtualKey(r.vk, r.skipRelease, r.skipPress, r.notExtended);
     EXPECT_EQ(rec.strokes, r.expected);
 }
 
@@ -102,7 +102,7 @@ TEST_F(KeySenderDelivery, UpperCaseLetterArrivesWithShiftAndIsTyped)
     showAndFocus(edit);
     KeyLog log;
     edit->installEventFilter(&log);
-    KeySender::SendCharKeys("A", false, false);
+    KeySender::sendCharKeys("A", false, false);
     QCoreApplication::processEvents();
     ASSERT_EQ(log.entries.size(), 4u);
     EXPECT_EQ(log.entries[0].key, Qt::Key_Shift);

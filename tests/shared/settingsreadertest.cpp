@@ -30,7 +30,7 @@ class ValueTypeRules : public InjectedStore, public ::testing::WithParamInterfac
 TEST_P(ValueTypeRules, ReadsAsText)
 {
     store.setValue(hkcu, intl, QStringLiteral("v"), GetParam().type, GetParam().data);
-    const QVariant v = SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("v"));
+    const QVariant v = SettingsReader::getRegValue(hkcu, intl, QStringLiteral("v"));
     EXPECT_EQ(v.typeId(), QMetaType::QString);
     EXPECT_EQ(v.toString(), GetParam().expected);
     EXPECT_EQ(store.openKeyCount(), 0) << "the key must be closed again";
@@ -58,7 +58,7 @@ TEST_P(Lookups, EveryFailureIsEmptyText)
     store.setString(hkcu, intl, QStringLiteral("iCurrDigits"), QStringLiteral("2"));
     store.setFailingRead(hkcu, intl, QStringLiteral("iCurrDigits"));
     const LookupRow &row = GetParam();
-    EXPECT_EQ(SettingsReader::GetRegValue(row.root, row.key, row.value).toString(), row.expected);
+    EXPECT_EQ(SettingsReader::getRegValue(row.root, row.key, row.value).toString(), row.expected);
     EXPECT_EQ(store.openKeyCount(), 0);
 }
 
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(Table, Lookups, ::testing::Values(
 TEST_F(InjectedStore, AKeyNeverOpenedReadsNothing)
 {
     store.setString(hkcu, intl, QStringLiteral("iDigits"), QStringLiteral("3"));
-    EXPECT_EQ(SettingsReader::ReadRegValue(0, QStringLiteral("iDigits")), QString());
+    EXPECT_EQ(SettingsReader::readRegValue(0, QStringLiteral("iDigits")), QString());
 }
 
 TEST(FileSettingsStore, ReadsTypedValuesAndReportsScrollWidth)
@@ -86,7 +86,7 @@ TEST(FileSettingsStore, ReadsTypedValuesAndReportsScrollWidth)
 
     const QString metrics = QStringLiteral("Control Panel\\Desktop\\WindowMetrics");
     const int extent = qApp->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, metrics, QStringLiteral("ScrollWidth")).toString(),
+    EXPECT_EQ(SettingsReader::getRegValue(hkcu, metrics, QStringLiteral("ScrollWidth")).toString(),
               QString::number(-extent * 15))
         << "no file: the style's extent in negative twips";
 
@@ -98,11 +98,11 @@ TEST(FileSettingsStore, ReadsTypedValuesAndReportsScrollWidth)
 
     FileSettingsStore reread(file.fileName()); // what another process would see
     SettingsReader::setStore(&reread);
-    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("idigits")).toString(), "3");
-    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("sList")).toString(), "a, b");
-    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("Bin")).toString(), "-271");
-    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, intl, QStringLiteral("Dw")).toString(), "");
-    EXPECT_EQ(SettingsReader::GetRegValue(hkcu, metrics, QStringLiteral("ScrollWidth")).toString(), "-300");
+    EXPECT_EQ(SettingsReader::getRegValue(hkcu, intl, QStringLiteral("idigits")).toString(), "3");
+    EXPECT_EQ(SettingsReader::getRegValue(hkcu, intl, QStringLiteral("sList")).toString(), "a, b");
+    EXPECT_EQ(SettingsReader::getRegValue(hkcu, intl, QStringLiteral("Bin")).toString(), "-271");
+    EXPECT_EQ(SettingsReader::getRegValue(hkcu, intl, QStringLiteral("Dw")).toString(), "");
+    EXPECT_EQ(SettingsReader::getRegValue(hkcu, metrics, QStringLiteral("ScrollWidth")).toString(), "-300");
     SettingsReader::setStore(nullptr);
 }
 

@@ -74,12 +74,12 @@ TEST(TimeFieldsSweep, ReadingAndSwitchAgreeWithDateParser)
                             text += QString::asprintf("%c%02d", sep, s);
                         if (fields.hasAmPm())
                             text += QLatin1String(pm ? " PM" : " AM");
-                        const QString n = fields.NormalizeTimeText(text);
+                        const QString n = fields.normalizeTimeText(text);
                         ASSERT_EQ(n.isEmpty() || n.at(2) == QLatin1Char(sep), true) << qPrintable(text);
                         const QString colon = QString(n).replace(QLatin1Char(sep), u':');
                         const auto parsed = Date::parse(colon);
                         const TimeFields::Reading r = fields.read(text, u"1", min, max);
-                        ASSERT_EQ(r.valid(), parsed && TimeFields::IsTimeTextInRange(n)) << qPrintable(text);
+                        ASSERT_EQ(r.valid(), parsed && TimeFields::isTimeTextInRange(n)) << qPrintable(text);
                         ASSERT_EQ(r.valid() ? r.time : Date(), r.valid() ? *parsed : Date()) << qPrintable(text);
                         if (fields.hasAmPm()) {
                             const auto half = h % 2 ? TimeFields::DayHalf::AM : TimeFields::DayHalf::PM;

@@ -89,7 +89,7 @@ using Normalize = Table<NormalizeRow>;
 TEST_P(Normalize, GivesCanonicalText)
 {
     const NormalizeRow &row = GetParam();
-    EXPECT_EQ(TimeFields(row.format, QLatin1Char(row.sep)).NormalizeTimeText(row.text), row.expected);
+    EXPECT_EQ(TimeFields(row.format, QLatin1Char(row.sep)).normalizeTimeText(row.text), row.expected);
 }
 INSTANTIATE_TEST_SUITE_P(Texts, Normalize, testing::Values(
     NormalizeRow{"HalfFilled", 0, ':', "1 :  :   AM", ""},
@@ -113,7 +113,7 @@ struct InRangeRow { const char *name; QString text; bool expected; };
 using InRange = Table<InRangeRow>;
 TEST_P(InRange, ChecksEveryField)
 {
-    EXPECT_EQ(TimeFields::IsTimeTextInRange(GetParam().text), GetParam().expected);
+    EXPECT_EQ(TimeFields::isTimeTextInRange(GetParam().text), GetParam().expected);
 }
 INSTANTIATE_TEST_SUITE_P(Texts, InRange, testing::Values(
     InRangeRow{"LastSecond", "23:59:59", true}, InRangeRow{"Hour24", "24:00:00", false},
