@@ -4,6 +4,7 @@
 // digits show and lie within the bounds, and a stepped date must lie within the bounds and read
 // back as itself once written into the mask. The digits are read here, independently.
 #include "fuzzinput.h"
+#include "maskcheck.h"
 #include "datefields/datefields.h"
 #include "maskengine/maskengine.h"
 
@@ -73,18 +74,6 @@ int numberIn(const QString &text, int start, int length)
         value = std::min(value * 10 + (u - u'0'), 100000);
     }
     return value;
-}
-
-bool wellFormed(const MaskEngine &engine, const QString &text)
-{
-    if (text.size() != engine.length())
-        return false;
-    for (int i = 0; i < engine.length(); ++i) {
-        if (engine.isLiteral(i) ? text.at(i) != engine.blankTemplate().at(i)
-                                : !engine.acceptsAt(i, text.at(i)))
-            return false;
-    }
-    return true;
 }
 
 // The reading must agree with the digits shown: a real date within the bounds exactly when the
@@ -211,7 +200,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             break;
         }
         }
-        if (!wellFormed(engine, state.text))
+        if (!wellFormedForMask(engine, state.text))
             fail("the text no longer fits the mask", c);
         checkReading(c, fields.parseEditText(state.text, minimum, maximum));
     }

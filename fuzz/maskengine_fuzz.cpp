@@ -2,6 +2,7 @@
 // moves, selections and pastes, and checks after every step that an accepted edit leaves a
 // well-formed text and a refused one leaves the state untouched.
 #include "fuzzinput.h"
+#include "maskcheck.h"
 #include "maskengine/maskengine.h"
 
 #include <tarnwell/error.h>
@@ -49,18 +50,6 @@ QChar anyChar(FuzzInput &in)
     return QChar(wide[b % (sizeof wide / sizeof wide[0])]);
 }
 
-bool wellFormed(const MaskEngine &engine, const QString &text)
-{
-    if (text.size() != engine.length())
-        return false;
-    for (int i = 0; i < engine.length(); ++i) {
-        if (engine.isLiteral(i) ? text.at(i) != engine.blankTemplate().at(i)
-                                : !engine.acceptsAt(i, text.at(i)))
-            return false;
-    }
-    return true;
-}
-
 void check(const MaskEngine &engine, const MaskEditState &before, const MaskEditState &after,
            const MaskEditResult &result)
 {
@@ -70,7 +59,7 @@ void check(const MaskEngine &engine, const MaskEditState &before, const MaskEdit
             fail("a refused edit changed the state", engine, after);
         return;
     }
-    if (!wellFormed(engine, after.text))
+    if (!wellFormedForMask(engine, after.text))
         fail("an accepted edit left a malformed text", engine, after);
     if (after.selStart < 0 || after.selStart > engine.length() || after.selLength != 0)
         fail("caret outside the text", engine, after);
@@ -93,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     MaskEngine engine;
     MaskEditState state;
     state.text = engine.parseMask(mask);
-    if (!wellFormed(engine, state.text))
+    if (!wellFormedForMask(engine, state.text))
         fail("the blank template is malformed", engine, state);
 
     // Sometimes start from whatever a paste could have left in the box.
@@ -140,7 +129,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
                 raw.append(anyChar(in));
             // With no mask the value passes through unchecked; nothing to hold it to.
             const QString shown = engine.isEmpty() ? QString() : engine.formatMaskValue(raw);
-            if (!shown.isEmpty() && !wellFormed(engine, shown))
+            if (!shown.isEmpty() && !wellFormedForMask(engine, shown))
                 fail("formatMaskValue built a malformed text", engine, state);
             if (engine.extractMaskValue(state.text, in.next() % 3).size() != engine.inputCount()
                 && !engine.isEmpty())

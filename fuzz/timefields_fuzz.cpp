@@ -5,6 +5,7 @@
 // must be what this file's own reading of the text says; a step must stay in range and read back
 // from the box as the same time of day.
 #include "fuzzinput.h"
+#include "maskcheck.h"
 #include "maskengine/maskengine.h"
 #include "timefields/timefields.h"
 
@@ -125,19 +126,6 @@ int expectedStep(const TimeFields &fields, Date base, int caret, bool up)
     return t < 0 ? t + Day : t;
 }
 
-bool wellFormed(const MaskEngine &engine, const QString &text)
-{
-    if (text.size() != engine.length())
-        return false;
-    for (int i = 0; i < engine.length(); ++i) {
-        const bool fits = engine.isLiteral(i) ? text.at(i) == engine.blankTemplate().at(i)
-                                              : engine.acceptsAt(i, text.at(i));
-        if (!fits)
-            return false;
-    }
-    return true;
-}
-
 void replaceMask(Box &box, const QString &mask)
 {
     // A masked box keeps its raw value across a new mask.
@@ -175,7 +163,7 @@ void showStored(Box &box)
 
 void checkBox(const Box &box)
 {
-    if (!wellFormed(box.engine, box.state.text))
+    if (!wellFormedForMask(box.engine, box.state.text))
         fail("the text is malformed for the mask", box);
     const QString &mask = box.engine.mask();
     if (mask != box.fields.mask(TimeFields::DayHalf::AM) && mask != box.fields.mask(TimeFields::DayHalf::PM))
