@@ -6,8 +6,7 @@
 #include <tarnwell/maskbox.h>
 #include <tarnwell/variant.h>
 
-#include "common/errorassert.h"
-#include "common/widgetfixture.h"
+#include "common/testsupport.h"
 #include "shared/datepicker.h"
 #include "shared/memorysettingsstore.h"
 #include "shared/settingsreader.h"

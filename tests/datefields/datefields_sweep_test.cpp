@@ -1,6 +1,6 @@
 // Whole-range sweeps: every day through the edit mask and back, and every short field of digits
 // and blanks against the host's number conversion.
-#include "common/errorassert.h"
+#include "common/testsupport.h"
 #include "datefields/datefields.h"
 #include "maskengine/maskengine.h"
 

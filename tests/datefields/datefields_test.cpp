@@ -1,13 +1,8 @@
-#include "common/errorassert.h"
+#include "common/testsupport.h"
 #include "datefields/datefields.h"
 #include "maskengine/maskengine.h"
 
 #include <ostream>
-
-void PrintTo(const QString &s, std::ostream *os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
 
 using namespace Tarnwell;
 using TestSupport::rowName;

@@ -3,8 +3,7 @@
 #include "shared/datepicker.h"
 #include "shared/keysender.h"
 
-#include "common/errorassert.h"
-#include "common/widgetfixture.h"
+#include "common/testsupport.h"
 
 #include <QCalendarWidget>
 #include <QLineEdit>

@@ -7,8 +7,7 @@
 #include <tarnwell/timebox.h>
 #include <tarnwell/variant.h>
 
-#include "common/errorassert.h"
-#include "common/widgetfixture.h"
+#include "common/testsupport.h"
 #include "shared/memorysettingsstore.h"
 #include "shared/settingsreader.h"
 #include "shared/updownbutton.h"

@@ -1,4 +1,4 @@
-#include "common/errorassert.h"
+#include "common/testsupport.h"
 #include "timefields/timefields.h"
 
 #include <tarnwell/clock.h>
@@ -7,11 +7,6 @@
 
 #include <optional>
 #include <ostream>
-
-void PrintTo(const QString &s, std::ostream *os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
 
 namespace Tarnwell {
 void PrintTo(const Date &d, std::ostream *os)
