@@ -63,8 +63,15 @@ bool KeyPipeline::keyPress(QKeyEvent *event)
     }
 
     const int ascii = Keyboard::keyAscii(*event);
-    if (ascii == 0)
+    if (ascii == 0) {
+        // Alt+key and the like are accelerators, not characters; the line edit would type their
+        // text past the control's rules, so the key goes on to the parents as one nobody took.
+        if (!keyConsumed && !event->text().isEmpty() && event->text().at(0).isPrint()) {
+            event->ignore();
+            return true;
+        }
         return keyConsumed;
+    }
     if (ascii == '\r' && m_frame.EnterAsTab()) {
         KeySender::sendCharKeys(QStringLiteral("\t"), false, false);
         return true;
