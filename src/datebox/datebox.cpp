@@ -9,6 +9,7 @@
 #include "platform/dateformat.h"
 #include "shared/bagkeys.h"
 #include "shared/datepicker.h"
+#include "shared/focustracker.h"
 #include "shared/updownstepper.h"
 
 #include <QPointer>
@@ -46,6 +47,7 @@ DateBox::DateBox(QWidget *parent)
 
 DateBox::~DateBox()
 {
+    FocusTracker::forget(this); // the calendar may hold the focus it gives up below
     // The calendar goes first, while this control is whole; nothing of it reaches here any more.
     disconnect(m_picker, nullptr, this, nullptr);
     if (QWidget *popup = m_picker->popup())

@@ -51,6 +51,7 @@ ControlFrame::ControlFrame(QWidget *parent, EditorKind kind, const QString &inne
 
 ControlFrame::~ControlFrame()
 {
+    FocusTracker::forget(this);
     // The editor detaches from the inner widgets first: their last events must not reach a
     // half-destroyed control.
     m_line = nullptr;

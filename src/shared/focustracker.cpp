@@ -6,9 +6,20 @@
 
 namespace Tarnwell {
 
+namespace {
+QPointer<FocusTracker> tracker;
+} // namespace
+
+void FocusTracker::forget(ControlFrame *frame)
+{
+    if (tracker)
+        tracker->m_inside.removeIf([frame](const QPointer<ControlFrame> &f) {
+            return !f || f.data() == frame || frame->isAncestorOf(f.data());
+        });
+}
+
 void FocusTracker::watch()
 {
-    static QPointer<FocusTracker> tracker;
     if (tracker)
         return;
     auto *app = qobject_cast<QApplication *>(QCoreApplication::instance());
@@ -27,14 +38,21 @@ void FocusTracker::watch()
 
 void FocusTracker::focusChanged(QWidget *now)
 {
-    // A window losing activation leaves no focus widget; the control still holds the focus
-    // within its window and does not leave.
-    if (!now)
-        return;
     QList<QPointer<ControlFrame>> inside;
-    for (QWidget *w = now; w; w = w->parentWidget()) {
-        if (auto *frame = qobject_cast<ControlFrame *>(w))
-            inside.prepend(frame);
+    if (now) {
+        for (QWidget *w = now; w; w = w->parentWidget()) {
+            if (auto *frame = qobject_cast<ControlFrame *>(w))
+                inside.prepend(frame);
+        }
+    } else {
+        // A window losing activation leaves no focus widget, but the window still names the
+        // control's widget as its focus: the control has not left. Focus that was disabled,
+        // hidden or cleared away leaves the window naming none.
+        for (const QPointer<ControlFrame> &frame : std::as_const(m_inside)) {
+            QWidget *kept = frame ? frame->window()->focusWidget() : nullptr;
+            if (kept && (kept == frame || frame->isAncestorOf(kept)))
+                inside.append(frame);
+        }
     }
     const QList<QPointer<ControlFrame>> before = m_inside;
     m_inside = inside;

@@ -19,6 +19,9 @@ class FocusTracker : public QObject
 public:
     // Connects to the application once (nothing without a QApplication).
     static void watch();
+    // A control being destroyed, and the controls inside it, are no longer inside anything: the
+    // last focus changes their destruction causes must not reach them.
+    static void forget(ControlFrame *frame);
 
 private:
     FocusTracker() = default;

@@ -129,6 +129,7 @@ struct KeyRow {
     bool consumeDelete;              // the control consumes Delete in handleKeyDown
     Log expectedLog;
     QString expectedText;
+    Qt::KeyboardModifiers modifiers = {};
 };
 using KeyPipeline = FrameTable<KeyRow>;
 
@@ -142,8 +143,8 @@ TEST_P(KeyPipeline, HostFirstThenControlThenTextBox)
     zeroKeyCode = row.zeroKeyCode;
     replaceAscii = row.replace;
     takeLog();
-    QTest::keyPress(box->Text1(), row.key);
-    QTest::keyRelease(box->Text1(), row.key);
+    QTest::keyPress(box->Text1(), row.key, row.modifiers);
+    QTest::keyRelease(box->Text1(), row.key, row.modifiers);
     EXPECT_EQ(takeLog(), row.expectedLog);
     EXPECT_EQ(box->Text1()->text(), row.expectedText);
 }
@@ -170,7 +171,12 @@ INSTANTIATE_TEST_SUITE_P(Keys, KeyPipeline, ::testing::Values(
            {"KeyDown(65,0)", "keyPress(97)", "hookPress(97)", "Change", "KeyUp(65,0)"}, "a"},
     KeyRow{"EnterWithoutEnterAsTab", "", 0, Qt::Key_Return, -1, keep, false,
            {"KeyDown(13,0)", "hookDown(13)", "keyPress(13)", "hookPress(13)", "KeyUp(13,0)"}, ""},
-    KeyRow{"TabIsNavigationOnly", "", 0, Qt::Key_Tab, -1, keep, false, {"exit"}, ""}), rowName);
+    KeyRow{"TabIsNavigationOnly", "", 0, Qt::Key_Tab, -1, keep, false, {"exit"}, ""},
+    // An accelerator types nothing, though the line edit would take its text.
+    KeyRow{"AltLetterIsNoCharacter", "", 0, Qt::Key_A, -1, keep, false, {"KeyDown(18,4)", "hookDown(18)", "KeyDown(65,4)", "hookDown(65)", "KeyUp(65,4)", "KeyUp(18,0)"}, "",
+           Qt::AltModifier},
+    KeyRow{"AltDigitIsNoCharacter", "x", 1, Qt::Key_5, -1, keep, false, {"KeyDown(18,4)", "hookDown(18)", "KeyDown(53,4)", "hookDown(53)", "KeyUp(53,4)", "KeyUp(18,0)"}, "x",
+           Qt::AltModifier}), rowName);
 
 TEST_F(FrameTest, EnterAsTabMovesFocusAndRaisesNoKeyPress)
 {
@@ -415,6 +421,33 @@ TEST_F(FrameTest, MovingBetweenInnerWidgetsIsNotLeaving)
     EXPECT_FALSE(box->controlHasFocus());
     EXPECT_EQ(takeLog(), (Log{"enter", "exit"}));
 }
+
+// Focus that goes nowhere is left all the same, unless only the window stopped being active.
+struct NowhereRow { const char *name; std::function<void(TestBox &)> lose; Log log; };
+using FocusGoingNowhere = FrameTable<NowhereRow>;
+
+TEST_P(FocusGoingNowhere, LeavesUnlessTheWindowKeepsIt)
+{
+    next->setFocusPolicy(Qt::NoFocus);
+    showAndFocus(box->Text1());
+    takeLog();
+    QWidget elsewhere; // a second window to make active, when the row loses no focus itself
+    if (GetParam().lose) {
+        GetParam().lose(*box);
+    } else {
+        elsewhere.show();
+        elsewhere.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
+        ASSERT_EQ(QApplication::focusWidget(), nullptr);
+    }
+    QApplication::processEvents();
+    EXPECT_EQ(takeLog(), GetParam().log);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, FocusGoingNowhere, ::testing::Values(
+    NowhereRow{"Disabled", [](TestBox &b) { b.setEnabled(false); }, {"exit"}},
+    NowhereRow{"Cleared", [](TestBox &b) { b.Text1()->clearFocus(); }, {"exit"}},
+    NowhereRow{"AnotherWindowActivated", nullptr, {}}), rowName);
 
 TEST_F(FrameTest, TextChangeRaisesChangeUnlessUpdating)
 {
