@@ -10,6 +10,7 @@
 #include "shared/bagkeys.h"
 #include "shared/datepicker.h"
 #include "shared/focustracker.h"
+#include "shared/slotguard.h"
 #include "shared/updownstepper.h"
 
 #include <QPointer>
@@ -28,19 +29,8 @@ DateBox::DateBox(QWidget *parent)
     // Reached by its button and the keys of the date text, never by Tab.
     m_picker->setFocusPolicy(Qt::ClickFocus);
     m_picker->setAnchor(this);
-    connect(m_picker, &DatePicker::DropDown, this, [this] {
-        try {
-            pickerDropDown();
-        } catch (...) {
-            // A host's handler must not unwind through the calendar.
-        }
-    });
-    connect(m_picker, &DatePicker::Change, this, [this] {
-        try {
-            pickerChange();
-        } catch (...) {
-        }
-    });
+    connect(m_picker, &DatePicker::DropDown, this, guardedSlot([this] { pickerDropDown(); }));
+    connect(m_picker, &DatePicker::Change, this, guardedSlot([this] { pickerChange(); }));
     InitProperties();
     clearDirty();
 }

@@ -2,6 +2,8 @@
 
 #include <tarnwell/controlframe.h>
 
+#include "shared/slotguard.h"
+
 #include <QApplication>
 
 namespace Tarnwell {
@@ -27,13 +29,8 @@ void FocusTracker::watch()
         return;
     tracker = new FocusTracker;
     tracker->setParent(app);
-    connect(app, &QApplication::focusChanged, tracker, [t = tracker.data()](QWidget *, QWidget *now) {
-        try {
-            t->focusChanged(now);
-        } catch (...) {
-            // A host's handler must not unwind into the event loop.
-        }
-    });
+    connect(app, &QApplication::focusChanged, tracker,
+            guardedSlot([t = tracker.data()](QWidget *, QWidget *now) { t->focusChanged(now); }));
 }
 
 void FocusTracker::focusChanged(QWidget *now)

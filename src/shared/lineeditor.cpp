@@ -3,6 +3,7 @@
 #include <tarnwell/controlframe.h>
 
 #include "shared/mousepointer.h"
+#include "shared/slotguard.h"
 #include "shared/textbox.h"
 #include "shared/twips.h"
 
@@ -72,13 +73,7 @@ LineEditor::LineEditor(ControlFrame &frame)
     : m_frame(frame), m_text1(makeTextBox(frame)), m_keys(frame, *m_text1), m_relay(frame, *m_text1)
 {
     m_text1->installEventFilter(this);
-    connect(m_text1, &QLineEdit::textChanged, this, [this](const QString &text) {
-        try {
-            textChanged(text);
-        } catch (...) {
-            // A host's Change handler must not unwind through the line edit.
-        }
-    });
+    connect(m_text1, &QLineEdit::textChanged, this, guardedSlot([this](const QString &text) { textChanged(text); }));
 }
 
 LineEditor::~LineEditor()

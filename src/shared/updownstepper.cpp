@@ -3,6 +3,7 @@
 #include <tarnwell/controlframe.h>
 
 #include "shared/frameeditor.h"
+#include "shared/slotguard.h"
 #include "shared/updownbutton.h"
 
 #include <QEvent>
@@ -38,13 +39,7 @@ UpDownButton *UpDownStepper::ensureButton()
     m_button = new UpDownButton(&m_frame);
     m_button->setObjectName(QStringLiteral("UpDown1"));
     m_button->hide();
-    connect(m_button, &UpDownButton::Change, this, [this] {
-        try {
-            pressed();
-        } catch (...) {
-            // A host's Change handler must not unwind through the button.
-        }
-    });
+    connect(m_button, &UpDownButton::Change, this, guardedSlot([this] { pressed(); }));
     updateEnabled();
     updateToolTip();
     return m_button;
