@@ -43,8 +43,8 @@ void FocusTracker::focusChanged(QWidget *now)
         }
     } else {
         // A window losing activation leaves no focus widget, but the window still names the
-        // control's widget as its focus: the control has not left. Focus that was disabled,
-        // hidden or cleared away leaves the window naming none.
+        // control's widget as its focus: the control has not left. Focus that was disabled or
+        // cleared away leaves the window naming none.
         for (const QPointer<ControlFrame> &frame : std::as_const(m_inside)) {
             QWidget *kept = frame ? frame->window()->focusWidget() : nullptr;
             if (kept && (kept == frame || frame->isAncestorOf(kept)))
