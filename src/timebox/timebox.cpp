@@ -7,7 +7,6 @@
 
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
-#include "shared/updownstepper.h"
 #include "timefields/timefields.h"
 
 #include <QPointer>
@@ -25,9 +24,8 @@ const char TagProperty[] = "Tag";
 } // namespace
 
 TimeBox::TimeBox(QWidget *parent)
-    : ControlFrame(parent, EditorKind::InnerMask, QStringLiteral("mdtTime")),
-      m_fields(std::make_unique<TimeFields>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); }))
+    : ValueBox(parent, EditorKind::InnerMask, QStringLiteral("mdtTime"), ArrowKeysFollow::No),
+      m_fields(std::make_unique<TimeFields>())
 {
     Variant::registerTypes();
     setCommonDefaults(timeBoxDefaults);
@@ -72,16 +70,6 @@ void TimeBox::setMaximum(Date maximum)
     markDirty(BagKey::Maximum);
 }
 
-QString TimeBox::Text() const
-{
-    return innerBox()->Text();
-}
-
-void TimeBox::setText(const QString &)
-{
-    refuseSet();
-}
-
 // ---------------------------------------------------------------------------------------------
 // Value
 
@@ -97,8 +85,7 @@ void TimeBox::setValue(const QVariant &value)
     if (!UserMode())
         throw Error(Error::SetNotPermitted);
     // Converted before anything changes, so that a value that is no date changes nothing.
-    const bool clears = Variant::isNull(value) || Variant::isEmpty(value)
-                        || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
+    const bool clears = isBlank(value);
     const Date time = clears ? Date() : Variant::toDate(value);
     QPointer<TimeBox> self(this);
     const std::optional<QVariant> accepted = beginValueSet(value);
@@ -220,12 +207,6 @@ void TimeBox::onExitFocus()
 {
     ControlFrame::onExitFocus();
     showTimeValue();
-}
-
-void TimeBox::updateValueControls()
-{
-    if (m_stepper)
-        m_stepper->updateEnabled();
 }
 
 } // namespace Tarnwell
