@@ -191,6 +191,13 @@ void TimeBox::onTextChanged()
                        m_minimum, m_maximum);
     m_isValid = reading.valid();
     m_time = m_isValid ? reading.time : Date();
+    if (!controlHasFocus() && UserMode() && !textHidden()) {
+        // A program wrote the inner box while nobody edits the control: the inner box would tidy
+        // that text to its mask later, unheard, and leave it saying another time than Value. The
+        // control shows what it read now, as leaving the control would.
+        UpdatingGuard updating(*this);
+        showTimeValue();
+    }
     updateValueControls();
     markDirty(BagKey::Value);
     if (self)
