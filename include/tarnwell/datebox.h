@@ -1,6 +1,6 @@
 #pragma once
 #include <tarnwell/constants.h>
-#include <tarnwell/controlframe.h>
+#include <tarnwell/valuebox.h>
 #include <tarnwell/date.h>
 #include <tarnwell/global.h>
 #include <tarnwell/olecolor.h>
@@ -17,7 +17,6 @@ namespace Tarnwell {
 class DateFields;
 class DatePicker;
 class PropertyBag;
-class UpDownStepper;
 
 // One date, typed into an inner MaskBox (mdtDate) through a numeric mask in the order Format
 // names ("##/##/####" day first), with Separator as the literal between the fields. While the
@@ -35,7 +34,7 @@ class UpDownStepper;
 // mask, while the unfocused display keeps its pattern until Format or DisplayFormat is set again.
 // Format takes any number; one outside the constants leaves mask and pattern as they are and no
 // text reads as a date in it.
-class TARNWELL_EXPORT DateBox : public ControlFrame
+class TARNWELL_EXPORT DateBox : public ValueBox
 {
     Q_OBJECT
     Q_CLASSINFO("DefaultProperty", "Value")
@@ -50,14 +49,11 @@ class TARNWELL_EXPORT DateBox : public ControlFrame
     Q_CLASSINFO("Help:CalendarTitleBackColor",
                 "Returns/sets the background color used to display the title portion of the dropdown calendar.")
     Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
-    Q_PROPERTY(QString Text READ Text WRITE setText DESIGNABLE false STORED false)
     Q_PROPERTY(Tarnwell::twDateFormatConstants Format READ Format WRITE setFormat)
     Q_PROPERTY(QString Separator READ Separator WRITE setSeparator)
     Q_PROPERTY(QString DisplayFormat READ DisplayFormat WRITE setDisplayFormat)
     Q_PROPERTY(Tarnwell::Date Minimum READ Minimum WRITE setMinimum)
     Q_PROPERTY(Tarnwell::Date Maximum READ Maximum WRITE setMaximum)
-    Q_PROPERTY(bool UpDown READ UpDown WRITE setUpDown)
-    Q_PROPERTY(bool InterceptArrowKeys READ InterceptArrowKeys WRITE setInterceptArrowKeys)
     Q_PROPERTY(Tarnwell::OleColor CalendarBackColor READ CalendarBackColor WRITE setCalendarBackColor)
     Q_PROPERTY(Tarnwell::OleColor CalendarForeColor READ CalendarForeColor WRITE setCalendarForeColor)
     Q_PROPERTY(Tarnwell::OleColor CalendarTitleBackColor READ CalendarTitleBackColor
@@ -81,10 +77,6 @@ public:
     // Raises Change.
     void setValue(const QVariant &value);
 
-    // The inner box's text, literals included. It cannot be set (387 at design time, 382 at run
-    // time); neither can SelText.
-    QString Text() const;
-    void setText(const QString &text);
 
     twDateFormatConstants Format() const { return static_cast<twDateFormatConstants>(m_format); }
     void setFormat(int format);
@@ -100,11 +92,6 @@ public:
     Date Maximum() const;
     void setMaximum(Date maximum);
 
-    // Switching the button on or off switches arrow-key stepping with it.
-    bool UpDown() const { return m_upDown; }
-    void setUpDown(bool on);
-    bool InterceptArrowKeys() const { return m_interceptArrowKeys; }
-    void setInterceptArrowKeys(bool on);
 
     OleColor CalendarBackColor() const;
     void setCalendarBackColor(OleColor color);
@@ -134,13 +121,16 @@ signals:
     void DropDown();
 
 protected:
+    // Switching UpDown on or off switches arrow-key stepping with it, unreported.
+    StepEnabled stepEnabled() const override;
+    bool stepValue(bool up) override;
+    bool showsUpDownButton() const override;
     void handleKeyDown(short &keyCode, short &shift) override;
     void onTextChanged() override;
     void onEnterFocus() override;
     void onExitFocus() override;
     void updateValueControls() override;
     void relayout() override;
-    int reservedWidth() const override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -149,7 +139,6 @@ private:
     // Shows the value in the mode the focus calls for: edit digits in the numeric mask, the
     // display pattern without a mask, or nothing; the calendar follows the value (or today).
     void refreshDisplay();
-    void step(bool up);
     void pickerDropDown();
     void pickerChange();
     void setPickerValue(Date date);
@@ -161,15 +150,12 @@ private:
 
     std::unique_ptr<DateFields> m_fields;
     DatePicker *m_picker = nullptr;
-    std::unique_ptr<UpDownStepper> m_stepper;
 
     int m_format = twDayMonthYear;
     QString m_separator;
     QString m_displayFormat;
     Date m_value;
     bool m_valid = false;
-    bool m_upDown = true;
-    bool m_interceptArrowKeys = false;
     std::optional<QFont> m_calendarFont; // none: the ambient font
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 #include <tarnwell/constants.h>
-#include <tarnwell/controlframe.h>
+#include <tarnwell/valuebox.h>
 #include <tarnwell/global.h>
 #include <tarnwell/olecolor.h>
 
@@ -17,7 +17,6 @@ class NumberDisplay;
 class NumberEditor;
 class PropertyBag;
 class TextWorkspace;
-class UpDownStepper;
 struct NumberEditResult;
 struct NumberEditState;
 
@@ -30,7 +29,7 @@ struct NumberEditState;
 // exact end to end. Refused sets throw Tarnwell::Error (13 not a number, 6 outside the type's
 // limits) and leave the control unchanged; a Value outside Minimum..Maximum is ignored silently
 // and a value typed or stepped out of that range is repaired when the focus leaves.
-class TARNWELL_EXPORT NumberBox : public ControlFrame
+class TARNWELL_EXPORT NumberBox : public ValueBox
 {
     Q_OBJECT
     Q_CLASSINFO("DefaultProperty", "Value")
@@ -45,13 +44,10 @@ class TARNWELL_EXPORT NumberBox : public ControlFrame
     Q_PROPERTY(QString CurrencySymbol READ CurrencySymbol WRITE setCurrencySymbol)
     Q_PROPERTY(Tarnwell::twCurrencyPositionConstants ShowCurrencySymbol READ ShowCurrencySymbol
                    WRITE setShowCurrencySymbol)
-    Q_PROPERTY(bool UpDown READ UpDown WRITE setUpDown)
-    Q_PROPERTY(bool InterceptArrowKeys READ InterceptArrowKeys WRITE setInterceptArrowKeys)
     Q_PROPERTY(Tarnwell::OleColor NegativeColor READ NegativeColor WRITE setNegativeColor)
     Q_PROPERTY(Tarnwell::OleColor NegativeDisabledColor READ NegativeDisabledColor
                    WRITE setNegativeDisabledColor)
     Q_PROPERTY(bool UseNegativeColor READ UseNegativeColor WRITE setUseNegativeColor)
-    Q_PROPERTY(QString Text READ Text WRITE setText DESIGNABLE false STORED false)
 
 public:
     // Default colours of the negative text (RGB 192,0,0 and 255,128,128).
@@ -93,11 +89,6 @@ public:
     twCurrencyPositionConstants ShowCurrencySymbol() const;
     void setShowCurrencySymbol(twCurrencyPositionConstants position); // Error(380) outside 0..2
 
-    // Switching the buttons on or off also switches arrow-key stepping with them.
-    bool UpDown() const { return m_upDown; }
-    void setUpDown(bool on);
-    bool InterceptArrowKeys() const { return m_interceptArrowKeys; }
-    void setInterceptArrowKeys(bool on);
 
     OleColor NegativeColor() const { return m_negativeColor; }
     void setNegativeColor(OleColor color);
@@ -106,10 +97,6 @@ public:
     bool UseNegativeColor() const { return m_useNegativeColor; }
     void setUseNegativeColor(bool on);
 
-    // The shown text. It cannot be set (387 at design time, 382 at run time): the text is
-    // always the formatted Value.
-    QString Text() const;
-    void setText(const QString &text);
 
     // Replaces the selection through the number editor, as a paste would; a text that would not
     // leave a number throws Error(380) and changes nothing.
@@ -122,15 +109,16 @@ public:
 
 
 protected:
+    // Switching UpDown on or off also switches arrow-key stepping with it (both reported).
+    StepEnabled stepEnabled() const override;
+    bool stepValue(bool up) override;
     void handleKeyDown(short &keyCode, short &shift) override;
     void handleKeyPress(short &keyAscii) override;
     void onTextChanged() override;
     void onForeignText(const QString &text, const QString &previous) override;
     bool filterDrop(QEvent *event) override;
     void onExitFocus() override;
-    void updateValueControls() override;
     void relayout() override;
-    int reservedWidth() const override;
     OleColor textColor() const override;
     void applyTextColor() override;
 
@@ -140,7 +128,6 @@ private:
     void apply(const NumberEditResult &result);
     void writeNumber(const QString &text, int selStart, int selLength);
     void showValue();
-    void step(bool up);
     void paste(const QString &text);
     void refreshTextColor();
     // Text1 took a text no edit of ours wrote (drag move, undo, a program's insert...): keep it
@@ -155,7 +142,6 @@ private:
     std::unique_ptr<NumberDisplay> m_display;
     std::unique_ptr<NumberEditor> m_editor;
     std::unique_ptr<TextWorkspace> m_text2;
-    std::unique_ptr<UpDownStepper> m_stepper;
     QLineEdit *m_text3 = nullptr;
 
     int m_dataType = twCurrency;
@@ -163,8 +149,6 @@ private:
     QVariant m_minimum;
     QVariant m_maximum;
     QVariant m_increment;
-    bool m_upDown = false;
-    bool m_interceptArrowKeys = false;
     OleColor m_negativeColor = DefaultNegativeColor;
     OleColor m_negativeDisabledColor = DefaultNegativeDisabledColor;
     bool m_useNegativeColor = true;

@@ -1,6 +1,6 @@
 #pragma once
 #include <tarnwell/constants.h>
-#include <tarnwell/controlframe.h>
+#include <tarnwell/valuebox.h>
 #include <tarnwell/date.h>
 #include <tarnwell/global.h>
 
@@ -13,7 +13,6 @@ namespace Tarnwell {
 
 class PropertyBag;
 class TimeFields;
-class UpDownStepper;
 
 // A time of day typed into an inner masked box, mdtTime, in one of four formats (12- or 24-hour,
 // with or without seconds) with ":" or "." between the fields. The mask takes digits only; the
@@ -26,7 +25,7 @@ class UpDownStepper;
 // Value holds a date: its date part is kept as given, and Minimum and Maximum compare with the
 // whole date. Minimum and Maximum are stored as they are set, unchecked against each other and
 // against the value. Format takes any number: one outside the constants keeps the mask it had.
-class TARNWELL_EXPORT TimeBox : public ControlFrame
+class TARNWELL_EXPORT TimeBox : public ValueBox
 {
     Q_OBJECT
     Q_CLASSINFO("DefaultProperty", "Value")
@@ -37,12 +36,9 @@ class TARNWELL_EXPORT TimeBox : public ControlFrame
                 "Set/returns whetrer the value properties returns Null or Empty if the data is invalid.")
     Q_CLASSINFO("Help:UpDown", "Returns/Sets whether to display a up-down button.")
     Q_CLASSINFO("Help:Separator", "Returns/Sets the char to display as separator.")
-    Q_PROPERTY(bool UpDown READ UpDown WRITE setUpDown)
     Q_PROPERTY(Tarnwell::twTimeFormatConstants Format READ Format WRITE setFormat)
     Q_PROPERTY(QString Separator READ Separator WRITE setSeparator)
     Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
-    Q_PROPERTY(bool InterceptArrowKeys READ InterceptArrowKeys WRITE setInterceptArrowKeys)
-    Q_PROPERTY(QString Text READ Text WRITE setText DESIGNABLE false STORED false)
     Q_PROPERTY(Tarnwell::Date Minimum READ Minimum WRITE setMinimum)
     Q_PROPERTY(Tarnwell::Date Maximum READ Maximum WRITE setMaximum)
 
@@ -53,10 +49,6 @@ public:
     explicit TimeBox(QWidget *parent = nullptr);
     ~TimeBox() override;
 
-    bool UpDown() const { return m_upDown; }
-    void setUpDown(bool on);
-    bool InterceptArrowKeys() const { return m_interceptArrowKeys; }
-    void setInterceptArrowKeys(bool on);
 
     twTimeFormatConstants Format() const { return static_cast<twTimeFormatConstants>(m_format); }
     void setFormat(int format);
@@ -79,10 +71,6 @@ public:
     Date Maximum() const { return m_maximum; }
     void setMaximum(Date maximum);
 
-    // The inner box's text as shown; empty while the check box is shown and unticked.
-    QString Text() const;
-    // Always refused: Error(382) at run time, Error(387) at design time.
-    void setText(const QString &text);
 
     // Persistence. Reading refuses a bag value it cannot take with Error(380), changing nothing;
     // a loaded box has no value.
@@ -98,9 +86,8 @@ protected:
     // A and P switch the half of the day; the arrow keys step.
     void handleKeyPress(short &keyAscii) override;
     void handleKeyDown(short &keyCode, short &shift) override;
-    void updateValueControls() override;
-    void relayout() override;
-    int reservedWidth() const override;
+    StepEnabled stepEnabled() const override;
+    bool stepValue(bool up) override;
 
 private:
     // Who asks for the stored time to be shown: a Value set ticks a shown check box as the inner
@@ -113,10 +100,10 @@ private:
     void clearShownTime();
     bool textHidden() const;
     void switchDayHalf(short keyAscii);
-    void step(bool up);
+    // Where a step starts: the time, or now within the range when there is none.
+    Date stepBase() const;
 
     std::unique_ptr<TimeFields> m_fields;
-    std::unique_ptr<UpDownStepper> m_stepper;
 
     int m_format = twHourMinuteSecondAMPM;
     QChar m_separator = QLatin1Char(':');
@@ -125,8 +112,6 @@ private:
     bool m_isValid = false;
     Date m_minimum;
     Date m_maximum = Date(DayEndSerial);
-    bool m_upDown = false;
-    bool m_interceptArrowKeys = false;
     // A time to show once the check box is ticked again: while it hides the text nothing is
     // written into it.
     bool m_showPending = false;

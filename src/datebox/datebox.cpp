@@ -11,16 +11,14 @@
 #include "shared/datepicker.h"
 #include "shared/focustracker.h"
 #include "shared/slotguard.h"
-#include "shared/updownstepper.h"
 
 #include <QPointer>
 
 namespace Tarnwell {
 
 DateBox::DateBox(QWidget *parent)
-    : ControlFrame(parent, EditorKind::InnerMask, QStringLiteral("mdtDate")),
+    : ValueBox(parent, EditorKind::InnerMask, QStringLiteral("mdtDate"), ArrowKeysFollow::Silently),
       m_fields(std::make_unique<DateFields>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); })),
       m_separator(QStringLiteral("/"))
 {
     Variant::registerTypes();
@@ -91,8 +89,7 @@ void DateBox::setValue(const QVariant &value)
     // Converted before anything moves, so that a value that is no date changes nothing; the
     // design-time refusal comes first.
     std::optional<Date> date;
-    const bool blank = Variant::isNull(value) || Variant::isEmpty(value)
-                       || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
+    const bool blank = isBlank(value);
     if (UserMode() && !blank)
         date = Variant::toDate(value);
     QPointer<DateBox> self(this);
@@ -110,16 +107,6 @@ void DateBox::setValue(const QVariant &value)
     }
     refreshDisplay();
     emit Change();
-}
-
-QString DateBox::Text() const
-{
-    return box().Text();
-}
-
-void DateBox::setText(const QString &)
-{
-    refuseSet();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -184,20 +171,6 @@ void DateBox::setMaximum(Date maximum)
     } catch (const Error &) {
     }
     markDirty(BagKey::Maximum);
-}
-
-void DateBox::setUpDown(bool on)
-{
-    m_upDown = on;
-    relayout();
-    markDirty(BagKey::UpDown);
-    m_interceptArrowKeys = on; // the keys follow the button, unreported
-}
-
-void DateBox::setInterceptArrowKeys(bool on)
-{
-    m_interceptArrowKeys = on;
-    markDirty(BagKey::InterceptArrowKeys);
 }
 
 void DateBox::setCalendarColor(int part, OleColor color, const QString &name)

@@ -59,8 +59,8 @@ void DateBox::InitProperties()
     m_format = twDayMonthYear;
     rebuildFields();
     m_displayFormat = DefaultDisplayFormat;
-    m_upDown = true;
-    m_interceptArrowKeys = false;
+    assignUpDown(true);
+    assignInterceptArrowKeys(false);
     m_picker->setMinDate(Date(Date::MinSerial));
     m_picker->setMaxDate(Date(Date::MaxSerial));
     for (const CalendarColor &c : calendarColors)
@@ -112,7 +112,7 @@ void DateBox::ReadProperties(PropertyBag &bag)
         .key(BagKey::DisplayFormat, DefaultDisplayFormat, text,
              [this](const QVariant &v) { m_displayFormat = v.toString(); })
         .common({K::BorderStyle})
-        .key(BagKey::UpDown, true, boolean, [this](const QVariant &v) { m_upDown = v.toBool(); })
+        .key(BagKey::UpDown, true, boolean, [this](const QVariant &v) { assignUpDown(v.toBool()); })
         .step([this] {
             applyBorder();
             refreshDisplay();
@@ -129,7 +129,7 @@ void DateBox::ReadProperties(PropertyBag &bag)
                      bound(true, maximum);
              })
         .key(BagKey::InterceptArrowKeys, false, boolean,
-             [this](const QVariant &v) { m_interceptArrowKeys = v.toBool(); })
+             [this](const QVariant &v) { assignInterceptArrowKeys(v.toBool()); })
         .common({K::OLEDragMode, K::OLEDropMode});
     for (const CalendarColor &c : calendarColors) {
         const auto assign = [this, part = c.part](const QVariant &v) {
@@ -172,8 +172,8 @@ void DateBox::WriteProperties(PropertyBag &bag) const
     CommonProperties::write(*this, bag, {K::BorderStyle});
     bag.WriteProperty(BagKey::DisplayFormat, m_displayFormat, DefaultDisplayFormat);
     bag.WriteProperty(BagKey::Separator, m_separator, DefaultSeparator);
-    bag.WriteProperty(BagKey::UpDown, m_upDown, true);
-    bag.WriteProperty(BagKey::InterceptArrowKeys, m_interceptArrowKeys, false);
+    bag.WriteProperty(BagKey::UpDown, UpDown(), true);
+    bag.WriteProperty(BagKey::InterceptArrowKeys, InterceptArrowKeys(), false);
     CommonProperties::write(*this, bag, {K::OLEDragMode, K::OLEDropMode});
     for (const CalendarColor &c : calendarColors)
         bag.WriteProperty(c.key, colorValue(m_picker->calendarColor(c.part)),
@@ -190,34 +190,28 @@ void DateBox::WriteProperties(PropertyBag &bag) const
 // ---------------------------------------------------------------------------------------------
 // Layout
 
-int DateBox::reservedWidth() const
-{
-    return m_upDown ? UserSettings::scrollWidthTwips() : 0;
-}
-
 // A month-and-year box gets the spin button, every other box the calendar button, never both;
 // the button takes the last ScrollWidth of the inner width and its full height.
+bool DateBox::showsUpDownButton() const
+{
+    return m_format == twMonthYear;
+}
+
 void DateBox::relayout()
 {
-    ControlFrame::relayout(); // the date text, less the button's width
+    ValueBox::relayout(); // the date text less the button's width, and the spin button
     if (!m_picker)
         return; // still constructing
-    const bool spin = m_upDown && m_format == twMonthYear;
-    m_stepper->setShown(spin);
-    m_picker->setVisible(m_upDown && !spin);
-    const int width = reservedWidth();
-    const int left = innerWidthTwips() - width;
-    m_stepper->place(left, 0, width, innerHeightTwips());
+    m_picker->setVisible(UpDown() && !showsUpDownButton());
     if (m_picker->isVisibleTo(this))
-        placeTwips(m_picker, left, 0, width, innerHeightTwips());
+        placeTwips(m_picker, buttonLeftTwips(), 0, reservedWidth(), innerHeightTwips());
 }
 
 void DateBox::updateValueControls()
 {
-    if (!m_picker)
-        return;
-    m_picker->setEnabled(valueControlsEnabled());
-    m_stepper->updateEnabled();
+    ValueBox::updateValueControls();
+    if (m_picker)
+        m_picker->setEnabled(valueControlsEnabled());
 }
 
 } // namespace Tarnwell

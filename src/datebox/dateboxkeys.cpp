@@ -8,7 +8,6 @@
 #include "shared/bagkeys.h"
 #include "shared/datepicker.h"
 #include "shared/keysender.h"
-#include "shared/updownstepper.h"
 
 #include <QEvent>
 #include <QPointer>
@@ -23,11 +22,8 @@ constexpr short VkF4 = Keyboard::VkF1 + 3;
 
 void DateBox::handleKeyDown(short &keyCode, short &shift)
 {
-    const bool arrow = keyCode == Keyboard::VkUp || keyCode == Keyboard::VkDown;
-    if (arrow && shift == 0 && m_interceptArrowKeys) {
-        m_stepper->stepBy(keyCode == Keyboard::VkUp);
+    if (shift == 0 && arrowKeyStep(keyCode, shift)) {
         keyCode = 0;
-        shift = 0;
     } else if ((keyCode == Keyboard::VkDown && shift == Keyboard::AltBit)
                || (keyCode == VkF4 && shift == 0)) {
         // F4 opens the calendar too, as on the desktop's own date pickers.
@@ -38,25 +34,32 @@ void DateBox::handleKeyDown(short &keyCode, short &shift)
 }
 
 // One field of the date moves by one, the field being the one under the caret; a date outside
-// Minimum..Maximum is dropped with no event. The stepper has checked Locked and isUpdating()
-// and put the focus into the text; it sets UpDown1 back to 0 afterwards.
-void DateBox::step(bool up)
+// Minimum..Maximum is dropped with no event.
+bool DateBox::stepValue(bool up)
 {
-    {
-        UpdatingGuard updating(*this);
-        const Date start = m_valid ? m_value : clampedToday();
-        const int caret = box().SelStart();
-        const std::optional<Date> stepped = m_fields->step(start, caret, up, Minimum(), Maximum());
-        if (!stepped)
-            return;
-        m_value = *stepped;
-        m_valid = true;
-        setPickerValue(m_value);
-        refreshDisplay();
-        box().setSelStart(caret); // the caret stays on its field
-    }
-    markDirty(BagKey::Value);
-    emit Change();
+    const int caret = box().SelStart();
+    const std::optional<Date> stepped =
+        m_fields->step(m_valid ? m_value : clampedToday(), caret, up, Minimum(), Maximum());
+    if (!stepped)
+        return false;
+    m_value = *stepped;
+    m_valid = true;
+    setPickerValue(m_value);
+    refreshDisplay();
+    box().setSelStart(caret); // the caret stays on its field
+    return true;
+}
+
+ValueBox::StepEnabled DateBox::stepEnabled() const
+{
+    const Date start = m_valid ? m_value : clampedToday();
+    const int caret = box().SelStart();
+    StepEnabled enabled;
+    if (m_fields->step(start, caret, true, Minimum(), Maximum()))
+        enabled |= StepUpEnabled;
+    if (m_fields->step(start, caret, false, Minimum(), Maximum()))
+        enabled |= StepDownEnabled;
+    return enabled;
 }
 
 void DateBox::ShowDropDown()

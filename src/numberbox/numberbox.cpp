@@ -12,8 +12,6 @@
 #include "shared/bagvalues.h"
 #include "shared/commonproperties.h"
 #include "shared/contextmenuhook.h"
-#include "shared/updownbutton.h"
-#include "shared/updownstepper.h"
 #include "shared/usersettings.h"
 
 #include <QClipboard>
@@ -26,11 +24,10 @@
 namespace Tarnwell {
 
 NumberBox::NumberBox(QWidget *parent)
-    : ControlFrame(parent),
+    : ValueBox(parent, EditorKind::Line, QString(), ArrowKeysFollow::Reported),
       m_display(std::make_unique<NumberDisplay>(QLocale())),
       m_editor(std::make_unique<NumberEditor>(*m_display)),
-      m_text2(std::make_unique<TextWorkspace>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); }))
+      m_text2(std::make_unique<TextWorkspace>())
 {
     Variant::registerTypes();
     // The line edit's own menu would offer undo, cut and paste past the number editor.
@@ -233,20 +230,6 @@ void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
     showValue();
 }
 
-void NumberBox::setUpDown(bool on)
-{
-    m_upDown = on;
-    relayout();
-    markDirty(BagKey::UpDown);
-    setInterceptArrowKeys(on);
-}
-
-void NumberBox::setInterceptArrowKeys(bool on)
-{
-    m_interceptArrowKeys = on;
-    markDirty(BagKey::InterceptArrowKeys);
-}
-
 void NumberBox::setNegativeColor(OleColor color)
 {
     m_negativeColor = color;
@@ -266,16 +249,6 @@ void NumberBox::setUseNegativeColor(bool on)
     m_useNegativeColor = on;
     applyTextColor();
     markDirty(BagKey::UseNegativeColor);
-}
-
-QString NumberBox::Text() const
-{
-    return Text1()->text();
-}
-
-void NumberBox::setText(const QString &)
-{
-    refuseSet();
 }
 
 void NumberBox::setSelText(const QString &text)
@@ -339,8 +312,9 @@ void NumberBox::onTextChanged()
         normaliseForeignText(shownText());
         return;
     }
-    markDirty(BagKey::Value);
+    // Under isUpdating() the writer reports the change itself (a step), or there is none.
     if (!isUpdating()) {
+        markDirty(BagKey::Value);
         refreshTextColor();
         emit Change();
     }
@@ -406,33 +380,18 @@ void NumberBox::refreshTextColor()
         applyTextColor();
 }
 
-int NumberBox::reservedWidth() const
-{
-    return m_upDown ? UserSettings::scrollWidthTwips() : 0;
-}
-
 void NumberBox::relayout()
 {
-    ControlFrame::relayout();
-    if (!m_stepper)
+    ValueBox::relayout();
+    if (!m_display)
         return; // still constructing
-    const int upDownWidth = UserSettings::scrollWidthTwips();
-    const int innerWidth = innerWidthTwips();
-    const int innerHeight = innerHeightTwips();
     if (CheckBox() || m_text3) {
+        const int upDownWidth = UserSettings::scrollWidthTwips();
+        const int innerWidth = innerWidthTwips();
         const int fillerWidth = BorderStyle() == twNone ? innerWidth - upDownWidth + 30
-                                                        : innerWidth - (m_upDown ? upDownWidth : 0);
-        placeTwips(text3(), 0, 0, fillerWidth, innerHeight);
+                                                        : innerWidth - (UpDown() ? upDownWidth : 0);
+        placeTwips(text3(), 0, 0, fillerWidth, innerHeightTwips());
     }
-    m_stepper->setShown(m_upDown);
-    m_stepper->place(innerWidth - upDownWidth, 0, upDownWidth, innerHeight);
-    m_stepper->updateEnabled();
-}
-
-void NumberBox::updateValueControls()
-{
-    if (m_stepper)
-        m_stepper->updateEnabled();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -459,8 +418,7 @@ void NumberBox::handleKeyDown(short &keyCode, short &shift)
         break;
     case Keyboard::VkUp:
     case Keyboard::VkDown:
-        if (m_interceptArrowKeys && !Locked()) {
-            m_stepper->stepBy(keyCode == Keyboard::VkUp);
+        if (!Locked() && arrowKeyStep(keyCode, shift)) {
             keyCode = 0;
             shift = 0;
         }
@@ -490,11 +448,26 @@ void NumberBox::paste(const QString &text)
     apply(m_editor->paste(editState(), text));
 }
 
-void NumberBox::step(bool up)
+bool NumberBox::stepValue(bool up)
 {
     const NumberEditResult result = m_editor->step(editState(), up);
     if (result.changed())
         apply(result);
+    // The text is what the host sees move: a step that shows the same text raises nothing.
+    return result.textChanged;
+}
+
+ValueBox::StepEnabled NumberBox::stepEnabled() const
+{
+    // The steps the editor itself would take: Value +- Increment within the type's limits.
+    NumberEditState state = editState();
+    state.locked = false;
+    StepEnabled enabled;
+    if (m_editor->step(state, true).valueChanged)
+        enabled |= StepUpEnabled;
+    if (m_editor->step(state, false).valueChanged)
+        enabled |= StepDownEnabled;
+    return enabled;
 }
 
 void NumberBox::onExitFocus()

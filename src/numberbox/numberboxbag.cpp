@@ -46,8 +46,8 @@ void NumberBox::InitProperties()
     m_negativeDisabledColor = DefaultNegativeDisabledColor;
     m_display->setCurrencySymbol(QStringLiteral("$"));
     m_display->setShowCurrencySymbol(twNoCurrency);
-    m_upDown = false;
-    m_interceptArrowKeys = false;
+    assignUpDown(false);
+    assignInterceptArrowKeys(false);
     showValue();
     relayout();
     applyTextColor();
@@ -99,11 +99,11 @@ void NumberBox::ReadProperties(PropertyBag &bag)
         .key(BagKey::DecimalPlaces, qint16(0),
              [](const QVariant &v) { return int(BagValue::toInt(v, 0, MaxStoredDecimalPlaces)); },
              [this](const QVariant &v) { m_display->setDecimalPlaces(qint16(v.toInt())); })
-        .key(BagKey::UpDown, false, boolean, [this](const QVariant &v) { m_upDown = v.toBool(); })
+        .key(BagKey::UpDown, false, boolean, [this](const QVariant &v) { assignUpDown(v.toBool()); })
         .key(BagKey::Increment, QVariant::fromValue<qint16>(1), number,
              [this](const QVariant &v) { m_increment = v; })
         .key(BagKey::InterceptArrowKeys, false, boolean,
-             [this](const QVariant &v) { m_interceptArrowKeys = v.toBool(); })
+             [this](const QVariant &v) { assignInterceptArrowKeys(v.toBool()); })
         .common({K::BorderStyle, K::ForeColor, K::DisabledColor})
         .key(BagKey::NegativeColor, qint32(DefaultNegativeColor), color,
              [this](const QVariant &v) { m_negativeColor = qvariant_cast<OleColor>(v); })
@@ -141,9 +141,9 @@ void NumberBox::WriteProperties(PropertyBag &bag) const
     bag.WriteProperty(BagKey::ThousandSeparator, ThousandSeparator(), true);
     CommonProperties::write(*this, bag, {K::Locked, K::MouseIcon});
     bag.WriteProperty(BagKey::DecimalPlaces, DecimalPlaces(), qint16(0));
-    bag.WriteProperty(BagKey::UpDown, m_upDown, false);
+    bag.WriteProperty(BagKey::UpDown, UpDown(), false);
     bag.WriteProperty(BagKey::Increment, m_increment, QVariant::fromValue<qint16>(1));
-    bag.WriteProperty(BagKey::InterceptArrowKeys, m_interceptArrowKeys, false);
+    bag.WriteProperty(BagKey::InterceptArrowKeys, InterceptArrowKeys(), false);
     CommonProperties::write(*this, bag, {K::BorderStyle, K::ForeColor, K::DisabledColor});
     bag.WriteProperty(BagKey::NegativeColor, qint32(m_negativeColor.value()), qint32(DefaultNegativeColor));
     bag.WriteProperty(BagKey::UseNegativeColor, m_useNegativeColor, true);

@@ -22,6 +22,22 @@ void UpDownButton::setValue(int value)
     emit Change();
 }
 
+void UpDownButton::setPartEnabled(Part part, bool enabled)
+{
+    bool &flag = part == UpPart ? m_upEnabled : m_downEnabled;
+    if (part == NoPart || flag == enabled)
+        return;
+    flag = enabled;
+    if (!enabled && m_pressed == part)
+        release();
+    update();
+}
+
+bool UpDownButton::isPartEnabled(Part part) const
+{
+    return part == UpPart ? m_upEnabled : part == DownPart ? m_downEnabled : false;
+}
+
 UpDownButton::Part UpDownButton::partAt(const QPoint &pos) const
 {
     if (!rect().contains(pos))
@@ -57,6 +73,8 @@ void UpDownButton::paintEvent(QPaintEvent *)
         QStyleOptionButton option;
         option.initFrom(this);
         option.rect = partRect(part);
+        if (!isPartEnabled(part))
+            option.state &= ~QStyle::State_Enabled;
         if (m_pressed == part && m_under)
             option.state |= QStyle::State_Sunken;
         else
@@ -65,6 +83,8 @@ void UpDownButton::paintEvent(QPaintEvent *)
 
         QStyleOption arrow;
         arrow.initFrom(this);
+        if (!isPartEnabled(part))
+            arrow.state &= ~QStyle::State_Enabled;
         const int margin = qMax(1, qMin(option.rect.width(), option.rect.height()) / 5);
         arrow.rect = option.rect.adjusted(margin, margin, -margin, -margin);
         if (m_pressed == part && m_under)
@@ -83,7 +103,7 @@ void UpDownButton::mousePressEvent(QMouseEvent *event)
         return;
     }
     const Part part = partAt(event->position().toPoint());
-    if (part == NoPart)
+    if (part == NoPart || !isPartEnabled(part))
         return;
     m_pressed = part;
     m_under = true;

@@ -28,6 +28,10 @@ public:
     bool Visible() const { return !isHidden(); }
 
     Part pressedPart() const { return m_pressed; }
+    // One arrow greyed out (a step that way would not move the value): drawn disabled, and a
+    // press on it does nothing.
+    void setPartEnabled(Part part, bool enabled);
+    bool isPartEnabled(Part part) const;
     Part partAt(const QPoint &pos) const;
     QRect partRect(Part part) const;
 
@@ -53,6 +57,8 @@ private:
     int m_value = 0;
     Part m_pressed = NoPart;
     bool m_under = false; // the pointer is over the pressed part
+    bool m_upEnabled = true;
+    bool m_downEnabled = true;
     QTimer m_repeat;
 };
 

@@ -29,6 +29,8 @@ bool UpDownStepper::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == &m_frame && event->type() == QEvent::ToolTipChange)
         updateToolTip();
+    else if (watched == m_button && event->type() == QEvent::Enter)
+        updateArrows();
     return false;
 }
 
@@ -40,6 +42,7 @@ UpDownButton *UpDownStepper::ensureButton()
     m_button->setObjectName(QStringLiteral("UpDown1"));
     m_button->hide();
     connect(m_button, &UpDownButton::Change, this, guardedSlot([this] { pressed(); }));
+    m_button->installEventFilter(this);
     updateEnabled();
     updateToolTip();
     return m_button;
@@ -48,8 +51,10 @@ UpDownButton *UpDownStepper::ensureButton()
 void UpDownStepper::setShown(bool on)
 {
     m_shown = on;
-    if (on)
+    if (on) {
         ensureButton()->show();
+        updateArrows();
+    }
     else if (m_button)
         m_button->hide();
 }
@@ -64,6 +69,20 @@ void UpDownStepper::updateEnabled()
 {
     if (m_button)
         m_button->setEnabled(m_frame.valueControlsEnabled());
+    updateArrows();
+}
+
+void UpDownStepper::updateArrows()
+{
+    if (!m_button || !m_shown || !m_arrows)
+        return;
+    try {
+        const auto [up, down] = m_arrows();
+        m_button->setPartEnabled(UpDownButton::UpPart, up);
+        m_button->setPartEnabled(UpDownButton::DownPart, down);
+    } catch (...) {
+        // A value that cannot be stepped leaves the arrows as they were.
+    }
 }
 
 void UpDownStepper::updateToolTip()

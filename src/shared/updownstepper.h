@@ -2,6 +2,7 @@
 #include <QObject>
 
 #include <functional>
+#include <utility>
 
 namespace Tarnwell {
 
@@ -18,6 +19,8 @@ class UpDownStepper : public QObject
     Q_OBJECT
 public:
     using Step = std::function<void(bool up)>;
+    // Whether a step up, and a step down, would move the value now.
+    using ArrowsQuery = std::function<std::pair<bool, bool>()>;
 
     UpDownStepper(ControlFrame &frame, Step step);
     ~UpDownStepper() override;
@@ -31,6 +34,10 @@ public:
     void updateEnabled();
     // One step, as a press on the upper (true) or lower half of the button.
     void stepBy(bool up);
+    // The arrows greyed out where a step would not move the value; asked again whenever the
+    // pointer comes over the button, since the field under the caret may have moved since.
+    void setArrowsQuery(ArrowsQuery query) { m_arrows = std::move(query); }
+    void updateArrows();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -42,6 +49,7 @@ private:
 
     ControlFrame &m_frame;
     Step m_step;
+    ArrowsQuery m_arrows;
     UpDownButton *m_button = nullptr;
     bool m_shown = false;
     bool m_stepping = false;

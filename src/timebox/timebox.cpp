@@ -7,7 +7,6 @@
 
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
-#include "shared/updownstepper.h"
 #include "timefields/timefields.h"
 
 #include <QPointer>
@@ -25,9 +24,8 @@ const char TagProperty[] = "Tag";
 } // namespace
 
 TimeBox::TimeBox(QWidget *parent)
-    : ControlFrame(parent, EditorKind::InnerMask, QStringLiteral("mdtTime")),
-      m_fields(std::make_unique<TimeFields>()),
-      m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { step(up); }))
+    : ValueBox(parent, EditorKind::InnerMask, QStringLiteral("mdtTime"), ArrowKeysFollow::No),
+      m_fields(std::make_unique<TimeFields>())
 {
     Variant::registerTypes();
     setCommonDefaults(timeBoxDefaults);
@@ -72,16 +70,6 @@ void TimeBox::setMaximum(Date maximum)
     markDirty(BagKey::Maximum);
 }
 
-QString TimeBox::Text() const
-{
-    return innerBox()->Text();
-}
-
-void TimeBox::setText(const QString &)
-{
-    refuseSet();
-}
-
 // ---------------------------------------------------------------------------------------------
 // Value
 
@@ -97,8 +85,7 @@ void TimeBox::setValue(const QVariant &value)
     if (!UserMode())
         throw Error(Error::SetNotPermitted);
     // Converted before anything changes, so that a value that is no date changes nothing.
-    const bool clears = Variant::isNull(value) || Variant::isEmpty(value)
-                        || (value.typeId() == QMetaType::QString && value.toString().isEmpty());
+    const bool clears = isBlank(value);
     const Date time = clears ? Date() : Variant::toDate(value);
     QPointer<TimeBox> self(this);
     const std::optional<QVariant> accepted = beginValueSet(value);
@@ -204,6 +191,13 @@ void TimeBox::onTextChanged()
                        m_minimum, m_maximum);
     m_isValid = reading.valid();
     m_time = m_isValid ? reading.time : Date();
+    if (!controlHasFocus() && UserMode() && !textHidden()) {
+        // A program wrote the inner box while nobody edits the control: the inner box would tidy
+        // that text to its mask later, unheard, and leave it saying another time than Value. The
+        // control shows what it read now, as leaving the control would.
+        UpdatingGuard updating(*this);
+        showTimeValue();
+    }
     updateValueControls();
     markDirty(BagKey::Value);
     if (self)
@@ -220,12 +214,6 @@ void TimeBox::onExitFocus()
 {
     ControlFrame::onExitFocus();
     showTimeValue();
-}
-
-void TimeBox::updateValueControls()
-{
-    if (m_stepper)
-        m_stepper->updateEnabled();
 }
 
 } // namespace Tarnwell

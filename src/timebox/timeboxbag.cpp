@@ -8,7 +8,6 @@
 #include "shared/bagkeys.h"
 #include "shared/bagvalues.h"
 #include "shared/commonproperties.h"
-#include "shared/updownstepper.h"
 #include "shared/usersettings.h"
 #include "timefields/timefields.h"
 
@@ -31,10 +30,10 @@ void TimeBox::InitProperties()
 {
     CommonProperties::initialise(*this);
     m_separator = DefaultSeparator.front();
-    m_upDown = false;
+    assignUpDown(false);
     m_format = twHourMinuteSecondAMPM;
     rebuildFields();
-    m_interceptArrowKeys = false;
+    assignInterceptArrowKeys(false);
     m_minimum = Date();
     m_maximum = Date(DayEndSerial);
     // A new control holds no time.
@@ -53,8 +52,8 @@ void TimeBox::WriteProperties(PropertyBag &bag) const
     bag.WriteProperty(BagKey::Format, qint32(m_format), qint32(twHourMinuteSecondAMPM));
     CommonProperties::write(*this, bag, {K::BorderStyle});
     bag.WriteProperty(BagKey::Separator, Separator(), DefaultSeparator);
-    bag.WriteProperty(BagKey::UpDown, m_upDown, false);
-    bag.WriteProperty(BagKey::InterceptArrowKeys, m_interceptArrowKeys, false);
+    bag.WriteProperty(BagKey::UpDown, UpDown(), false);
+    bag.WriteProperty(BagKey::InterceptArrowKeys, InterceptArrowKeys(), false);
     CommonProperties::write(*this, bag, {K::OLEDragMode, K::OLEDropMode, K::MouseIcon, K::MousePointer,
                                          K::Locked, K::SelectTextOnFocus, K::Alignment});
     bag.WriteProperty(BagKey::Minimum, dateValue(m_minimum), dateValue(Date()));
@@ -83,9 +82,9 @@ void TimeBox::ReadProperties(PropertyBag &bag)
              [](const QVariant &v) { return int(BagValue::toInt(v, INT32_MIN, INT32_MAX)); },
              [this](const QVariant &v) { m_format = v.toInt(); })
         .common({K::BorderStyle})
-        .key(BagKey::UpDown, false, boolean, [this](const QVariant &v) { m_upDown = v.toBool(); })
+        .key(BagKey::UpDown, false, boolean, [this](const QVariant &v) { assignUpDown(v.toBool()); })
         .key(BagKey::InterceptArrowKeys, false, boolean,
-             [this](const QVariant &v) { m_interceptArrowKeys = v.toBool(); })
+             [this](const QVariant &v) { assignInterceptArrowKeys(v.toBool()); })
         .common({K::OLEDragMode, K::OLEDropMode, K::MouseIcon, K::MousePointer, K::Locked,
                  K::SelectTextOnFocus, K::Alignment})
         // The frame draws the border; the inner box never has one.
@@ -115,27 +114,5 @@ void TimeBox::ReadProperties(PropertyBag &bag)
 // ---------------------------------------------------------------------------------------------
 // Layout
 
-void TimeBox::setUpDown(bool on)
-{
-    m_upDown = on;
-    relayout(); // shows or hides UpDown1
-    markDirty(BagKey::UpDown);
-}
-
-int TimeBox::reservedWidth() const
-{
-    return m_upDown ? UserSettings::scrollWidthTwips() : 0;
-}
-
-void TimeBox::relayout()
-{
-    ControlFrame::relayout(); // mdtTime fills what the button leaves
-    if (!m_stepper)
-        return; // still constructing
-    const int width = UserSettings::scrollWidthTwips();
-    m_stepper->setShown(m_upDown);
-    m_stepper->place(innerWidthTwips() - width, 0, width, innerHeightTwips());
-    m_stepper->updateEnabled();
-}
 
 } // namespace Tarnwell

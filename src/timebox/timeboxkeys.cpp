@@ -5,24 +5,16 @@
 #include "platform/keyboard.h"
 #include "shared/bagkeys.h"
 #include "shared/frameeditor.h"
-#include "shared/updownstepper.h"
 #include "timefields/timefields.h"
 
 #include <QPointer>
 
 namespace Tarnwell {
 
-void TimeBox::setInterceptArrowKeys(bool on)
-{
-    m_interceptArrowKeys = on;
-    markDirty(BagKey::InterceptArrowKeys);
-}
-
 void TimeBox::handleKeyDown(short &keyCode, short &shift)
 {
-    if ((keyCode != Keyboard::VkUp && keyCode != Keyboard::VkDown) || !m_interceptArrowKeys)
+    if (!arrowKeyStep(keyCode, shift))
         return; // the masked box moves the caret
-    m_stepper->stepBy(keyCode == Keyboard::VkUp);
     keyCode = 0;
     shift = 0;
 }
@@ -61,26 +53,35 @@ void TimeBox::switchDayHalf(short keyAscii)
 }
 
 // One step of the field under the caret, from the stored time or, with none, from now
-// brought into the range. The stepper has checked Locked and isUpdating() and put the focus
-// in the text.
-void TimeBox::step(bool up)
+// brought into the range; a step that would leave the range is dropped.
+bool TimeBox::stepValue(bool up)
 {
-    {
-        UpdatingGuard updating(*this);
-        const Date base =
-            m_isValid ? m_time : TimeFields::clampedNow(Date::now(), m_minimum, m_maximum);
-        const int caret = SelStart();
-        const std::optional<Date> next = m_fields->step(base, caret, up, m_minimum, m_maximum);
-        if (!next)
-            return; // outside the range: no text, no value, no event
-        m_time = *next;
-        m_isValid = true;
-        showTimeValue();
-        editor().setSelStart(caret);
-    }
-    // Raised once the flag is down: the host's handler may do anything, destroying the box too.
-    markDirty(BagKey::Value);
-    emit Change();
+    const int caret = SelStart();
+    const std::optional<Date> next = m_fields->step(stepBase(), caret, up, m_minimum, m_maximum);
+    if (!next)
+        return false; // outside the range: no text, no value, no event
+    m_time = *next;
+    m_isValid = true;
+    showTimeValue();
+    editor().setSelStart(caret);
+    return true;
+}
+
+ValueBox::StepEnabled TimeBox::stepEnabled() const
+{
+    const Date base = stepBase();
+    const int caret = SelStart();
+    StepEnabled enabled;
+    if (m_fields->step(base, caret, true, m_minimum, m_maximum))
+        enabled |= StepUpEnabled;
+    if (m_fields->step(base, caret, false, m_minimum, m_maximum))
+        enabled |= StepDownEnabled;
+    return enabled;
+}
+
+Date TimeBox::stepBase() const
+{
+    return m_isValid ? m_time : TimeFields::clampedNow(Date::now(), m_minimum, m_maximum);
 }
 
 } // namespace Tarnwell

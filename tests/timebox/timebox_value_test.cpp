@@ -1,6 +1,10 @@
 // Masks per format and separator, typing into mdtTime, the A and P keys, and Value set by a host.
 #include "timeboxfixture.h"
 
+#include <QRegularExpression>
+
+#include <functional>
+
 namespace Tarnwell {
 namespace {
 
@@ -110,6 +114,55 @@ TEST_F(TimeBoxTest, CheckBoxGatesTheValueAndTheButton)
     other->setFocus(); // leaving an empty box leaves it ticked
     EXPECT_EQ(state(), QStringLiteral("  :  :  |Empty|11"));
 }
+
+
+// A program writing the inner text box of a control nobody is editing: what stays on screen and
+// Value agree, whatever the inner box made of the text.
+struct ForeignRow
+{
+    const char *name;
+    int format;
+    const char *initial;
+    std::function<void(QLineEdit *)> write;
+};
+
+class ForeignText : public TimeBoxTest, public testing::WithParamInterface<ForeignRow>
+{
+};
+
+// What a shown time text says, read by hand: "hh:mm[:ss][ AM|PM]", else no time at all.
+QString meaningOf(const QString &text)
+{
+    static const QRegularExpression time(QStringLiteral("^(\\d\\d):(\\d\\d)(?::(\\d\\d))?(?: ([AP])M)?$"));
+    const QRegularExpressionMatch m = time.match(text);
+    if (!m.hasMatch())
+        return QStringLiteral("Empty");
+    int hour = m.captured(1).toInt();
+    if (!m.captured(4).isEmpty())
+        hour = hour % 12 + (m.captured(4) == u"P" ? 12 : 0);
+    return QTime(hour, m.captured(2).toInt(), m.captured(3).toInt()).toString(u"HH:mm:ss");
+}
+
+TEST_P(ForeignText, ShownTextAndValueAgree)
+{
+    box->setFormat(GetParam().format);
+    box->setValue(QString::fromLatin1(GetParam().initial));
+    showAndFocus(other); // the time box is not being edited
+    GetParam().write(text1);
+    QApplication::processEvents(); // the inner box tidies a text it did not type itself later
+    EXPECT_EQ(describe(box->Value()), meaningOf(box->Text())) << "shown: " << box->Text().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Writes, ForeignText, testing::Values(
+    ForeignRow{"SetTextAfternoon", twHourMinuteSecondAMPM, "09:15", [](QLineEdit *t) { t->setText(QStringLiteral("10:30:15 PM")); }},
+    ForeignRow{"SetTextMorningOverAnAfternoon", twHourMinuteSecondAMPM, "21:15", [](QLineEdit *t) { t->setText(QStringLiteral("10:30:15 AM")); }},
+    ForeignRow{"SetTextBareDigits", twHourMinuteAMPM, "09:15", [](QLineEdit *t) { t->setText(QStringLiteral("103015")); }},
+    ForeignRow{"SetTextTwentyFourHour", twHourMinute, "09:15", [](QLineEdit *t) { t->setText(QStringLiteral("2315")); }},
+    ForeignRow{"InsertAtTheEnd", twHourMinuteSecondAMPM, "09:15", [](QLineEdit *t) { t->end(false); t->insert(QStringLiteral("7")); }},
+    ForeignRow{"SetTextNoTime", twHourMinuteSecond, "09:15", [](QLineEdit *t) { t->setText(QStringLiteral("ab")); }},
+    ForeignRow{"BareDigitsOverAnAfternoon", twHourMinuteAMPM, "21:15", [](QLineEdit *t) { t->setText(QStringLiteral("103015")); }},
+    ForeignRow{"PasteOverAll", twHourMinuteSecondAMPM, "09:15", [](QLineEdit *t) { t->selectAll(); t->insert(QStringLiteral("07:08:09 PM")); }}),
+    rowName);
 
 } // namespace
 } // namespace Tarnwell
