@@ -98,46 +98,46 @@ QLineEdit *ControlAccessible::textBox() const
     return m_textBox;
 }
 
+// The parts are made when first shown; once found they stay.
+QWidget *ControlAccessible::partNamed(QPointer<QWidget> &part, const QString &name,
+                                      Qt::FindChildOptions options) const
+{
+    if (!part)
+        part = m_control->findChild<QWidget *>(name, options);
+    return part && part->isVisibleTo(m_control) ? part.data() : nullptr;
+}
+
 QWidget *ControlAccessible::usableUpDown() const
 {
     if (!m_spinBox || m_control->property("Locked").toBool())
         return nullptr;
-    if (!m_upDown)
-        m_upDown = m_control->findChild<QWidget *>(QStringLiteral("UpDown1"), Qt::FindDirectChildrenOnly);
-    if (m_upDown && m_upDown->isVisibleTo(m_control) && m_upDown->isEnabled())
-        return m_upDown;
-    return nullptr;
+    QWidget *upDown = partNamed(m_upDown, QStringLiteral("UpDown1"), Qt::FindDirectChildrenOnly);
+    return upDown && upDown->isEnabled() ? upDown : nullptr;
 }
 
 QList<QAccessibleInterface *> ControlAccessible::parts() const
 {
     QList<QAccessibleInterface *> out;
-    const auto shown = [this](const QWidget *part) { return part && part->isVisibleTo(m_control); };
-    if (!m_check) // Check1 of a DateBox or a TimeBox is its inner box's
-        m_check = m_control->findChild<QWidget *>(QStringLiteral("Check1"));
-    if (shown(m_check)) {
-        if (QAccessibleInterface *check = QAccessible::queryAccessibleInterface(m_check.data()))
-            out.append(check);
+    // Check1 of a DateBox or a TimeBox is its inner box's.
+    if (QWidget *check = partNamed(m_check, QStringLiteral("Check1"), Qt::FindChildrenRecursively)) {
+        if (QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(check))
+            out.append(iface);
     }
-    if (!m_upDown)
-        m_upDown = m_control->findChild<QWidget *>(QStringLiteral("UpDown1"), Qt::FindDirectChildrenOnly);
-    if (shown(m_upDown)) {
+    if (QWidget *upDown = partNamed(m_upDown, QStringLiteral("UpDown1"), Qt::FindDirectChildrenOnly)) {
         for (int i = 0; i < 2; ++i) {
             StepPartAccessible *&part = m_steps[i];
-            if (!part || part->upDown() != m_upDown) {
+            if (!part || part->upDown() != upDown) {
                 if (part)
                     QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(part));
-                part = new StepPartAccessible(m_upDown, m_control, i == 0);
+                part = new StepPartAccessible(upDown, m_control, i == 0);
                 QAccessible::registerAccessibleInterface(part);
             }
             out.append(part);
         }
     }
-    if (!m_picker)
-        m_picker = m_control->findChild<QWidget *>(QStringLiteral("fdt"), Qt::FindDirectChildrenOnly);
-    if (shown(m_picker)) {
-        if (QAccessibleInterface *picker = QAccessible::queryAccessibleInterface(m_picker.data()))
-            out.append(picker);
+    if (QWidget *picker = partNamed(m_picker, QStringLiteral("fdt"), Qt::FindDirectChildrenOnly)) {
+        if (QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(picker))
+            out.append(iface);
     }
     return out;
 }

@@ -91,6 +91,8 @@ private:
     // The control's own interface (this one unless this stands in for it).
     QAccessibleInterface *controlInterface() const;
     QLineEdit *textBox() const;
+    // The visible part of that object name, found once into `part`; null while hidden.
+    QWidget *partNamed(QPointer<QWidget> &part, const QString &name, Qt::FindChildOptions options) const;
     // The up-down button while it can be pressed, else null.
     QWidget *usableUpDown() const;
     // The parts a screen reader may land on, in the order they stand on the form.
