@@ -22,6 +22,17 @@ bool hasProperty(const QObject *object, const char *name)
     return object->metaObject()->indexOfProperty(name) >= 0;
 }
 
+// A documented property of the control, read by name. A getter that fails gives nothing: the
+// screen reader's call comes from Qt's event loop, which no error may reach.
+QVariant read(const QObject *control, const char *name)
+{
+    try {
+        return control->property(name);
+    } catch (...) {
+        return {};
+    }
+}
+
 bool focusInside(const QWidget *control)
 {
     const QWidget *focus = QApplication::focusWidget();
@@ -109,7 +120,7 @@ QWidget *ControlAccessible::partNamed(QPointer<QWidget> &part, const QString &na
 
 QWidget *ControlAccessible::usableUpDown() const
 {
-    if (!m_spinBox || m_control->property("Locked").toBool())
+    if (!m_spinBox || read(m_control, "Locked").toBool())
         return nullptr;
     QWidget *upDown = partNamed(m_upDown, QStringLiteral("UpDown1"), Qt::FindDirectChildrenOnly);
     return upDown && upDown->isEnabled() ? upDown : nullptr;
@@ -218,11 +229,11 @@ QString ControlAccessible::text(QAccessible::Text t) const
         return controlInterface()->text(t);
     switch (t) {
     case QAccessible::Value:
-        return m_control->property("Text").toString();
+        return read(m_control, "Text").toString();
     case QAccessible::Description:
         if (!m_control->accessibleDescription().isEmpty())
             return m_control->accessibleDescription();
-        return m_control->property("ToolTip").toString();
+        return read(m_control, "ToolTip").toString();
     default:
         return QAccessibleWidget::text(t);
     }
@@ -249,7 +260,7 @@ QAccessible::State ControlAccessible::state() const
     // The frame hands the focus to its text box, so Qt's own test of the frame sees no focus.
     state.focusable = true;
     state.focused = focusInside(m_control);
-    const bool locked = m_control->property("Locked").toBool();
+    const bool locked = read(m_control, "Locked").toBool();
     state.readOnly = locked;
     state.editable = !locked;
     state.selectableText = true;
@@ -298,7 +309,7 @@ void ControlAccessible::doAction(const QString &actionName)
 
 QStringList ControlAccessible::keyBindingsForAction(const QString &actionName) const
 {
-    if (!m_control->property("InterceptArrowKeys").toBool())
+    if (!read(m_control, "InterceptArrowKeys").toBool())
         return {};
     if (actionName == increaseAction())
         return {QKeySequence(Qt::Key_Up).toString(QKeySequence::NativeText)};
@@ -312,7 +323,7 @@ QStringList ControlAccessible::keyBindingsForAction(const QString &actionName) c
 
 QVariant ControlAccessible::currentValue() const
 {
-    return figure(m_control->property("Value"));
+    return figure(read(m_control, "Value"));
 }
 
 void ControlAccessible::setCurrentValue(const QVariant &value)
@@ -326,12 +337,12 @@ void ControlAccessible::setCurrentValue(const QVariant &value)
 
 QVariant ControlAccessible::maximumValue() const
 {
-    return figure(m_control->property("Maximum"));
+    return figure(read(m_control, "Maximum"));
 }
 
 QVariant ControlAccessible::minimumValue() const
 {
-    return figure(m_control->property("Minimum"));
+    return figure(read(m_control, "Minimum"));
 }
 
 QVariant ControlAccessible::minimumStepSize() const
@@ -339,7 +350,7 @@ QVariant ControlAccessible::minimumStepSize() const
     // A date or a time steps one unit of the field under the caret.
     if (!hasProperty(m_control, "Increment"))
         return 1;
-    return figure(m_control->property("Increment"));
+    return figure(read(m_control, "Increment"));
 }
 
 void ControlAccessible::reportValueChange()
