@@ -4,6 +4,7 @@
 #include <tarnwell/maskbox.h>
 #include <tarnwell/variant.h>
 
+#include "shared/accessibility.h"
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
 #include "shared/focustracker.h"
@@ -45,6 +46,7 @@ ControlFrame::ControlFrame(QWidget *parent, EditorKind kind, const QString &inne
     }
     setFocusProxy(m_editor->focusTarget());
     FocusTracker::watch();
+    Accessibility::install();
     resize(Twips::toPixels(Twips::DefaultWidth), Twips::toPixels(Twips::DefaultHeight));
     applyBorder();
 }
