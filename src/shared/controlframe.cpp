@@ -14,6 +14,8 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
@@ -43,7 +45,10 @@ ControlFrame::ControlFrame(QWidget *parent, EditorKind kind, const QString &inne
         m_line = editor.get();
         m_editor = std::move(editor);
     }
-    setFocusProxy(m_editor->focusTarget());
+    // The control itself takes the focus and hands it to its text widget, as the spin boxes
+    // and date edits this library's controls stand beside do (MaskBox takes a line edit's).
+    setFocusPolicy(Qt::WheelFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
     FocusTracker::watch();
     resize(Twips::toPixels(Twips::DefaultWidth), Twips::toPixels(Twips::DefaultHeight));
     applyBorder();
@@ -535,6 +540,70 @@ void ControlFrame::exitFocus()
 {
     m_hasFocus = false;
     onExitFocus();
+}
+
+// A key that reaches the control while one of its own children has the real focus (Check1, the
+// calendar button) was left ignored by that child; it is not the text's.
+void ControlFrame::forwardToText(QEvent *event)
+{
+    if (!m_editor)
+        return; // being destroyed
+    const QWidget *focus = QApplication::focusWidget();
+    const bool fromChild = focus && focus != this && isAncestorOf(focus);
+    try {
+        if (fromChild && event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut)
+            event->ignore();
+        else
+            m_editor->forward(event);
+    } catch (...) {
+        // Nothing may unwind into the event loop; a key that failed half-way is dropped.
+        event->accept();
+    }
+}
+
+bool ControlFrame::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        forwardToText(event);
+        return true;
+    }
+    return QFrame::event(event);
+}
+
+void ControlFrame::keyPressEvent(QKeyEvent *event)
+{
+    forwardToText(event);
+}
+
+void ControlFrame::keyReleaseEvent(QKeyEvent *event)
+{
+    forwardToText(event);
+}
+
+void ControlFrame::inputMethodEvent(QInputMethodEvent *event)
+{
+    forwardToText(event);
+}
+
+QVariant ControlFrame::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    try {
+        return m_editor ? m_editor->inputMethodQuery(query) : QVariant();
+    } catch (...) {
+        return QVariant();
+    }
+}
+
+void ControlFrame::focusInEvent(QFocusEvent *event)
+{
+    QFrame::focusInEvent(event);
+    forwardToText(event);
+}
+
+void ControlFrame::focusOutEvent(QFocusEvent *event)
+{
+    QFrame::focusOutEvent(event);
+    forwardToText(event);
 }
 
 void ControlFrame::onEnterFocus()
