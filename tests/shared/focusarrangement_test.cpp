@@ -142,6 +142,22 @@ TEST_P(FormFields, AltLetterOfTheBuddyLabel)
     EXPECT_EQ(keyDowns.count(), 0) << "the mnemonic was a shortcut, not a key of the control";
 }
 
+// An input method asks the control, which holds the focus, and hears of its text box: the text
+// around the caret, and the caret where the text box shows it.
+TEST_P(FormFields, InputMethodQueriesAnswerForTheText)
+{
+    ControlFrame *control = controls[size_t(GetParam().kind)];
+    control->setFocus();
+    key(Qt::Key_1);
+    const QLineEdit *text = textOf(control);
+    EXPECT_TRUE(control->testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_EQ(control->inputMethodQuery(Qt::ImSurroundingText).toString(), text->text());
+    EXPECT_EQ(control->inputMethodQuery(Qt::ImCursorPosition).toInt(), text->cursorPosition());
+    const QRect caret = control->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    const QRect textArea(text->mapTo(control, QPoint(0, 0)), text->size());
+    EXPECT_TRUE(textArea.contains(caret.center())) << caret.x() << ',' << caret.y();
+}
+
 INSTANTIATE_TEST_SUITE_P(Form, FormFields, fields, rowName);
 
 TEST_F(Form, TabAndShiftTabPassEachControlOnce)
