@@ -1,6 +1,7 @@
 // The four controls beside Qt's own widgets: a form of buddy labels, a dialog with a default
 // button, an item view editing through a delegate and a data mapper. Keys go to the focus
 // widget, as a user's would.
+#include <tarnwell/date.h>
 #include <tarnwell/datebox.h>
 #include <tarnwell/maskbox.h>
 #include <tarnwell/numberbox.h>
@@ -172,6 +173,54 @@ TEST_F(Form, TabAndShiftTabPassEachControlOnce)
         order << focusName();
     }
     EXPECT_EQ(order.join(u' '), "MaskBox NumberBox DateBox TimeBox end TimeBox DateBox NumberBox MaskBox start");
+}
+
+// With its check box shown, a control is still one block of the tab chain: its text, then the
+// check box; while the box is unticked the text is hidden and the check box stands for it.
+struct CheckTabRow { const char *name; Kind kind; bool ticked; const char *order; };
+class CheckBoxTabbing : public Form, public ::testing::WithParamInterface<CheckTabRow> {};
+
+TEST_P(CheckBoxTabbing, TextThenCheckBox)
+{
+    const CheckTabRow &row = GetParam();
+    for (ControlFrame *control : controls)
+        control->setVisible(control == controls[size_t(row.kind)]);
+    ControlFrame *control = controls[size_t(row.kind)];
+    control->setCheckBox(true);
+    if (row.ticked && row.kind == Kind::Date) // an empty date box shows itself unticked on leaving
+        static_cast<DateBox *>(control)->setValue(QVariant::fromValue(Date::fromYmd(2024, 3, 7)));
+    control->setChecked(row.ticked);
+    QApplication::processEvents();
+    QStringList order;
+    for (const Qt::Key k : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Backtab}) {
+        key(k, k == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+        const QWidget *focus = QApplication::focusWidget();
+        order << (focus && focus->objectName() == "Check1" ? QString("Check1") : focusName());
+        if (order.back() == "end" || order.back() == "start")
+            continue;
+        EXPECT_TRUE(control->controlHasFocus()) << order.back().toStdString();
+    }
+    EXPECT_EQ(order.join(u' '), row.order);
+}
+
+INSTANTIATE_TEST_SUITE_P(Form, CheckBoxTabbing, ::testing::Values(
+    CheckTabRow{"MaskBoxTicked", Kind::Mask, true, "MaskBox Check1 end Check1 MaskBox start"},
+    CheckTabRow{"MaskBoxUnticked", Kind::Mask, false, "Check1 end start end Check1 start"},
+    CheckTabRow{"DateBoxTicked", Kind::Date, true, "DateBox Check1 end Check1 DateBox start"},
+    CheckTabRow{"DateBoxUnticked", Kind::Date, false, "Check1 end start end Check1 start"}), rowName);
+
+// Ticking the box by the keyboard shows the text and puts the focus into it.
+TEST_F(Form, TickingByKeyboardFocusesTheText)
+{
+    ControlFrame *date = controls[size_t(Kind::Date)];
+    date->setCheckBox(true);
+    date->setChecked(false);
+    date->setFocus();
+    ASSERT_EQ(QApplication::focusWidget()->objectName(), "Check1");
+    EXPECT_TRUE(date->checkHasFocus());
+    key(Qt::Key_Space);
+    EXPECT_TRUE(date->Checked());
+    expectFocusedText(date);
 }
 
 // --- A dialog with a default button -------------------------------------------------------
