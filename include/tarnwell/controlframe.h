@@ -144,8 +144,15 @@ public:
     bool isDirty(const QString &name) const { return m_dirty.contains(name); }
     void clearDirty() { m_dirty.clear(); }
 
-    // Per-instance flags: the focus is somewhere in the control (QWidget::hasFocus() sees the
-    // frame alone), the focus is on Check1, the control is writing its own inner widgets.
+    // The control holds the keyboard focus itself, as QAbstractSpinBox does for its line edit:
+    // the inner text widget has the control as its focus proxy, and the control hands it its
+    // keys, composed text and focus changes, so that an item delegate's or a data mapper's event
+    // filter on the control sees them all, and keys the control leaves ignored (Enter, Escape)
+    // go on to its parents. The focus policy is that of the control's Qt peer.
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+    // Per-instance flags: the focus is somewhere in the control (on it, or on one of its inner
+    // widgets), the focus is on Check1, the control is writing its own inner widgets.
     bool controlHasFocus() const { return m_hasFocus; }
     bool checkHasFocus() const;
     bool isUpdating() const { return m_updating; }
@@ -243,7 +250,11 @@ protected:
     // --- Key pipeline hooks. Each runs after the host's event of the same name.
     // Zero keyCode to consume a key that types no character (Delete, arrows).
     virtual void handleKeyDown(short &keyCode, short &shift);
-    // Zero keyAscii to consume the character; change it to have another character typed.
+    // Zero keyAscii to consume the character; change it to have another character typed. Enter
+    // and Escape are typed by no control: unless the host cancelled them, they go on to the
+    // parents whatever this hook does. The characters of a composed text (an input method's
+    // commit) come here one by one; those passed on are typed together once the commit is done,
+    // so a hook that reads the text sees it as it stood before them.
     virtual void handleKeyPress(short &keyAscii);
     virtual void handleKeyUp(short &keyCode, short &shift);
     // Whether a key that application shortcuts might claim (Ctrl+V, Ctrl+X, Ctrl+Z, Ctrl+C,
@@ -305,6 +316,12 @@ protected:
     QFont ambientFont() const;
 
     // QWidget
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -319,6 +336,8 @@ private:
 
     void enterFocus();
     void exitFocus();
+    // Hands one of the control's own keyboard, composition or focus events to its text widget.
+    void forwardToText(QEvent *event);
 
     std::unique_ptr<FrameEditor> m_editor;
     const CommonDefaults *m_commonDefaults;

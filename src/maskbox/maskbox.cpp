@@ -37,6 +37,7 @@ MaskBox::MaskBox(QWidget *parent)
     : ControlFrame(parent), m_engine(std::make_unique<MaskEngine>())
 {
     Variant::registerTypes();
+    setFocusPolicy(Qt::StrongFocus); // as a line edit's: a wheel turned over it leaves the focus
     InitProperties();
 }
 

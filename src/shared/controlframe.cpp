@@ -44,7 +44,10 @@ ControlFrame::ControlFrame(QWidget *parent, EditorKind kind, const QString &inne
         m_line = editor.get();
         m_editor = std::move(editor);
     }
-    setFocusProxy(m_editor->focusTarget());
+    // The control itself takes the focus and hands it to its text widget, as the spin boxes
+    // and date edits this library's controls stand beside do (MaskBox takes a line edit's).
+    setFocusPolicy(Qt::WheelFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
     FocusTracker::watch();
     Accessibility::install();
     resize(Twips::toPixels(Twips::DefaultWidth), Twips::toPixels(Twips::DefaultHeight));
@@ -505,55 +508,6 @@ void ControlFrame::changeEvent(QEvent *event)
 QFont ControlFrame::ambientFont() const
 {
     return parentWidget() ? parentWidget()->font() : QApplication::font();
-}
-
-// ---------------------------------------------------------------------------------------------
-// Text, focus, keys
-
-void ControlFrame::onTextChanged()
-{
-    markDirty(BagKey::Value);
-    if (!m_updating)
-        emit Change();
-}
-
-void ControlFrame::onForeignText(const QString &, const QString &)
-{
-    onTextChanged();
-}
-
-bool ControlFrame::filterDrop(QEvent *)
-{
-    return false;
-}
-
-void ControlFrame::enterFocus()
-{
-    m_hasFocus = true;
-    onEnterFocus();
-}
-
-void ControlFrame::exitFocus()
-{
-    m_hasFocus = false;
-    onExitFocus();
-}
-
-void ControlFrame::onEnterFocus()
-{
-    if (m_selectTextOnFocus)
-        m_editor->selectAll();
-}
-
-void ControlFrame::onExitFocus() {}
-
-void ControlFrame::handleKeyDown(short &, short &) {}
-void ControlFrame::handleKeyPress(short &) {}
-void ControlFrame::handleKeyUp(short &, short &) {}
-
-bool ControlFrame::keepsShortcutKey(short, short, short) const
-{
-    return true;
 }
 
 } // namespace Tarnwell

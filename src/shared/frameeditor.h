@@ -2,7 +2,9 @@
 #include <tarnwell/constants.h>
 
 #include <QString>
+#include <QVariant>
 
+class QEvent;
 class QWidget;
 
 namespace Tarnwell {
@@ -30,8 +32,17 @@ public:
     FrameEditor(const FrameEditor &) = delete;
     FrameEditor &operator=(const FrameEditor &) = delete;
 
-    // The widget that takes the keyboard focus for the control.
+    // The widget that shows the text. The control itself holds the keyboard focus, as a spin box
+    // holds it for its line edit: this widget has the control as its focus proxy, so setFocus()
+    // on it focuses the control, and it is handed the control's keys, composed text and focus
+    // changes through forward().
     virtual QWidget *focusTarget() const = 0;
+    // One of the control's own KeyPress, KeyRelease, ShortcutOverride, InputMethod, FocusIn or
+    // FocusOut events, handled as the text widget would handle it; a key left ignored goes on to
+    // the control's parents (a dialog's default button, an item view's editor handling).
+    virtual void forward(QEvent *event) = 0;
+    // The text widget's answer, its rectangles in the control's coordinates.
+    virtual QVariant inputMethodQuery(Qt::InputMethodQuery query) const = 0;
     virtual void apply(Applied what) = 0;
 
     virtual twAlignmentConstants alignment() const = 0;

@@ -4,6 +4,8 @@
 #include <tarnwell/dataobject.h>
 #include <tarnwell/maskbox.h>
 
+#include "shared/lineeditor.h"
+
 #include <QPointer>
 
 namespace Tarnwell {
@@ -16,6 +18,9 @@ InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
     m_box->setBorderStyle(twNone);
     m_box->setSelectTextOnFocus(false);
     m_box->setUserMode(frame.UserMode());
+    // The outer control holds the focus for the inner box and its text box, and hands them its
+    // keys and focus changes; the inner box hands them on to its text box in turn.
+    m_box->setFocusProxy(&frame);
     m_box->clearDirty();
     m_checked = m_box->Checked();
     relayEvents();
@@ -113,6 +118,18 @@ void InnerMaskEditor::relayEvents()
 QWidget *InnerMaskEditor::focusTarget() const
 {
     return m_box;
+}
+
+void InnerMaskEditor::forward(QEvent *event)
+{
+    // Straight to the box's handlers: sending it would take the event through the box's parents,
+    // this control among them, a second time.
+    static_cast<QObject *>(m_box)->event(event);
+}
+
+QVariant InnerMaskEditor::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    return LineEditor::mapQueryToFrame(m_box, &m_frame, query, m_box->inputMethodQuery(query));
 }
 
 void InnerMaskEditor::apply(Applied what)

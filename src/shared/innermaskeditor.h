@@ -26,6 +26,8 @@ public:
 
     // FrameEditor
     QWidget *focusTarget() const override;
+    void forward(QEvent *event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void apply(Applied what) override;
     twAlignmentConstants alignment() const override;
     void setAlignment(twAlignmentConstants alignment) override;

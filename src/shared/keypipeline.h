@@ -1,34 +1,39 @@
 #pragma once
 class QInputMethodEvent;
 class QKeyEvent;
+class QString;
 
 namespace Tarnwell {
 
 class ControlFrame;
 class TextBox;
 
-// The keyboard path of a line control: each key reaching the text box is raised to the host
-// first (KeyDown, keyPress, KeyUp, arguments by reference), then handed to the control's own
-// hooks, and what is left reaches the text box, as the host and the control left it. Enter
-// becomes Tab when EnterAsTab is on. Composed text from an input method is typed character by
-// character through keyPress and the control's hook, as if each character had been keyed.
+// The keyboard path of a line control. The control holds the focus and hands its key events
+// here: each key is raised to the host first (KeyDown, keyPress, KeyUp, arguments by reference),
+// then handed to the control's own hooks, and what is left reaches the text box, as the host and
+// the control left it. Enter becomes Tab when EnterAsTab is on. Each call leaves the event
+// accepted or ignored as a line edit would: a key nobody took (Enter, Escape, an accelerator)
+// goes on to the control's parents.
+//
+// Composed text from an input method is text, not keys: its control characters are dropped (a
+// Tab in it moves no focus), each other character passes keyPress and the control's hook as a
+// typed one would, and those passed on are typed into the text box together, once.
 class KeyPipeline
 {
 public:
     KeyPipeline(ControlFrame &frame, TextBox &text) : m_frame(frame), m_text(text) {}
 
-    // Each returns true when the event is consumed.
-    bool keyPress(QKeyEvent *event);
-    bool keyRelease(QKeyEvent *event);
-    bool shortcutOverride(QKeyEvent *event);
-    bool inputMethod(QInputMethodEvent *event);
+    void keyPress(QKeyEvent *event);
+    void keyRelease(QKeyEvent *event);
+    void shortcutOverride(QKeyEvent *event);
+    void inputMethod(QInputMethodEvent *event);
 
 private:
     void deliverCharacter(short keyAscii, bool autoRepeat);
+    void typeText(const QString &text);
 
     ControlFrame &m_frame;
     TextBox &m_text;
-    bool m_replaying = false;
 };
 
 } // namespace Tarnwell

@@ -2,11 +2,13 @@
 
 #include <tarnwell/controlframe.h>
 
+#include "shared/focustracker.h"
 #include "shared/mousepointer.h"
 #include "shared/slotguard.h"
 #include "shared/textbox.h"
 #include "shared/twips.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QFocusEvent>
@@ -72,6 +74,8 @@ void fitTextLine(QLineEdit *edit)
 LineEditor::LineEditor(ControlFrame &frame)
     : m_frame(frame), m_text1(makeTextBox(frame)), m_keys(frame, *m_text1), m_relay(frame, *m_text1)
 {
+    // The frame holds the focus for the text box: clicks and setFocus() on it go to the frame.
+    m_text1->setFocusProxy(&frame);
     m_text1->installEventFilter(this);
     connect(m_text1, &QLineEdit::textChanged, this, guardedSlot([this](const QString &text) { textChanged(text); }));
 }
@@ -100,10 +104,6 @@ QCheckBox *LineEditor::check1()
     m_check1->setObjectName(QStringLiteral("Check1"));
     m_check1->setChecked(m_checked);
     m_check1->hide();
-    // Check1 stands left of the text, so it comes before Text1 in the focus chain and a Tab out
-    // of Text1 leaves the control.
-    QWidget::setTabOrder(m_text1, m_check1);
-    QWidget::setTabOrder(m_check1, m_text1);
     m_check1->installEventFilter(this);
     connect(m_check1, &QCheckBox::toggled, this, [this] {
         try {
@@ -165,6 +165,59 @@ QWidget *LineEditor::focusTarget() const
     return m_text1;
 }
 
+void LineEditor::forward(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        m_keys.keyPress(static_cast<QKeyEvent *>(event));
+        break;
+    case QEvent::KeyRelease:
+        m_keys.keyRelease(static_cast<QKeyEvent *>(event));
+        break;
+    case QEvent::ShortcutOverride:
+        m_keys.shortcutOverride(static_cast<QKeyEvent *>(event));
+        break;
+    case QEvent::InputMethod:
+        m_keys.inputMethod(static_cast<QInputMethodEvent *>(event));
+        break;
+    case QEvent::FocusIn: {
+        // The line edit selects everything when tabbed into; whether entering selects is
+        // SelectTextOnFocus's call alone, so without it the caret stays where it was.
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (!m_frame.SelectTextOnFocus()
+            && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+                || reason == Qt::ShortcutFocusReason)) {
+            QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
+            m_text1->handOn(&plain);
+        } else {
+            m_text1->handOn(event);
+        }
+        break;
+    }
+    default:
+        m_text1->handOn(event);
+        break;
+    }
+}
+
+QVariant LineEditor::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    return mapQueryToFrame(m_text1, &m_frame, query, m_text1->inputMethodQuery(query));
+}
+
+QVariant LineEditor::mapQueryToFrame(const QWidget *text, const QWidget *frame,
+                                     Qt::InputMethodQuery query, const QVariant &value)
+{
+    switch (query) {
+    case Qt::ImCursorRectangle:
+    case Qt::ImAnchorRectangle:
+    case Qt::ImInputItemClipRectangle:
+        return value.toRectF().translated(text->mapTo(frame, QPoint(0, 0)));
+    default:
+        return value;
+    }
+}
+
 void LineEditor::paint(QWidget *box, const QColor &text, const QColor &base, bool natural)
 {
     if (!box)
@@ -208,9 +261,9 @@ void LineEditor::apply(Applied what)
         m_text1->setAcceptDrops(m_frame.OLEDropMode() != ControlFrame::OLEDropNone);
         break;
     case Applied::CheckBox:
-        // Tab into the control stops on the check box first, as it stands left of the text; so
-        // does setFocus() on the control.
-        m_frame.setFocusProxy(m_frame.CheckBox() ? static_cast<QWidget *>(check1()) : m_text1);
+        if (m_frame.CheckBox())
+            check1();
+        applyCheckVisibility();
         break;
     case Applied::EnterAsTab: // read by the key pipeline
     case Applied::ToolTip:    // the frame's own: Text1 shows its parent's tip
@@ -274,9 +327,26 @@ void LineEditor::checkClicked()
         emit m_frame.Change();
 }
 
+// The text shows only while the box is ticked. While it is hidden the check box takes the focus
+// for the control: the control that holds the focus (the outer one, for an inner MaskBox) hands
+// it to the check box, which Tab reaches after the text.
 void LineEditor::applyCheckVisibility()
 {
-    m_text1->setVisible(!m_frame.CheckBox() || m_checked);
+    const bool hidden = m_frame.CheckBox() && !m_checked;
+    m_text1->setVisible(!hidden);
+    if (!m_check1)
+        return;
+    ControlFrame *root = FocusTracker::focusRoot(&m_frame);
+    if (root->focusProxy() != m_check1)
+        FocusTracker::placeAfterText(root, m_check1);
+    if (hidden && root->focusProxy() != m_check1) {
+        const bool rootFocused = QApplication::focusWidget() == root;
+        root->setFocusProxy(m_check1);
+        if (rootFocused)
+            m_check1->setFocus(Qt::OtherFocusReason);
+    } else if (!hidden && root->focusProxy() == m_check1) {
+        root->setFocusProxy(nullptr);
+    }
 }
 
 QString LineEditor::text() const
@@ -400,13 +470,15 @@ bool LineEditor::filterText(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
-        return m_keys.keyPress(static_cast<QKeyEvent *>(event));
     case QEvent::KeyRelease:
-        return m_keys.keyRelease(static_cast<QKeyEvent *>(event));
     case QEvent::ShortcutOverride:
-        return m_keys.shortcutOverride(static_cast<QKeyEvent *>(event));
-    case QEvent::InputMethod:
-        return m_keys.inputMethod(static_cast<QInputMethodEvent *>(event));
+    case QEvent::InputMethod: {
+        // Sent to the text box itself (not handed on by the control): the control's own, with
+        // its filters and its parents, as if sent to it. Handing it on goes around this filter.
+        QCoreApplication::sendEvent(FocusTracker::focusRoot(&m_frame), event);
+        event->accept(); // the control has propagated it already
+        return true;
+    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
@@ -417,8 +489,6 @@ bool LineEditor::filterText(QEvent *event)
     case QEvent::DragLeave:
     case QEvent::Drop:
         return m_frame.filterDrop(event) || m_relay.drag(event);
-    case QEvent::FocusIn:
-        return textFocusIn(static_cast<QFocusEvent *>(event));
     case QEvent::Resize:
     case QEvent::FontChange:
         fitTextLine(m_text1);
@@ -426,20 +496,6 @@ bool LineEditor::filterText(QEvent *event)
     default:
         return false;
     }
-}
-
-bool LineEditor::textFocusIn(QFocusEvent *event)
-{
-    // The line edit selects everything when tabbed into; whether entering selects is
-    // SelectTextOnFocus's call alone, so without it the caret stays where it was.
-    const Qt::FocusReason reason = event->reason();
-    if (m_frame.SelectTextOnFocus()
-        || (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason
-            && reason != Qt::ShortcutFocusReason))
-        return false;
-    QFocusEvent plain(QEvent::FocusIn, Qt::OtherFocusReason);
-    QCoreApplication::sendEvent(m_text1, &plain);
-    return true;
 }
 
 } // namespace Tarnwell

@@ -7,7 +7,6 @@
 
 class QCheckBox;
 class QColor;
-class QFocusEvent;
 class QLineEdit;
 
 namespace Tarnwell {
@@ -36,9 +35,15 @@ public:
     // Paints a text box of the control with its text and back colours; a box in the default
     // colours keeps its natural palette, so nothing is copied for it.
     static void paint(QWidget *box, const QColor &text, const QColor &base, bool natural);
+    // An input-method answer of the text widget `text`, its rectangles moved into `frame`'s
+    // coordinates.
+    static QVariant mapQueryToFrame(const QWidget *text, const QWidget *frame,
+                                    Qt::InputMethodQuery query, const QVariant &value);
 
     // FrameEditor
     QWidget *focusTarget() const override;
+    void forward(QEvent *event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void apply(Applied what) override;
     twAlignmentConstants alignment() const override;
     void setAlignment(twAlignmentConstants alignment) override;
@@ -64,7 +69,6 @@ protected:
 
 private:
     bool filterText(QEvent *event);
-    bool textFocusIn(QFocusEvent *event);
     void textChanged(const QString &text);
     void checkClicked();
     void applyCheckVisibility();

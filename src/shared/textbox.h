@@ -12,8 +12,13 @@ class TextBox : public QLineEdit
 public:
     explicit TextBox(QWidget *parent) : QLineEdit(parent) {}
 
-    // True while the text box handles a key event.
+    // True while the text box handles a key event or types text for the key pipeline.
     bool handlingKey() const { return m_keyDepth > 0; }
+    // Handles an event its control hands on (the control holds the focus for the text box):
+    // straight to the line edit's handlers, with no filters and no propagation to the parents.
+    void handOn(QEvent *event) { QLineEdit::event(event); }
+    // Inserts `text` at the caret as typed text (replacing the selection), in one edit.
+    void typeText(const QString &text);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

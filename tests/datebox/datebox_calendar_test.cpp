@@ -72,7 +72,7 @@ TEST_P(Calendar, OpensPicksAndGivesTheKeysBack)
     QApplication::processEvents();
     EXPECT_EQ(QStringList({value(), QString::number(changes->count()), QString::number(dropDowns.count())}),
               QStringList({row.value, QString::number(row.changes), QString::number(row.dropDowns)}));
-    EXPECT_EQ(QApplication::focusWidget(), text1());
+    EXPECT_EQ(QApplication::focusWidget(), box); // the date box holds the focus for its text
     QTest::keyClick(text1(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), other) << "the calendar button is no Tab stop";
 }

@@ -330,7 +330,7 @@ INSTANTIATE_TEST_SUITE_P(Table, SetByName, ::testing::Values(
 
 // --- Check box ----------------------------------------------------------------------------
 
-enum class Focus { Text1, Check1, Next };
+enum class Focus { Text, Check1, Next };
 struct CheckRow {
     const char *name; bool checkBox, checkedBefore; std::function<void(TestBox &)> act; bool textVisible; Focus focus;
 };
@@ -349,7 +349,7 @@ TEST_P(CheckBoxes, TextShowsWhileTicked)
     EXPECT_EQ(box->Checked(), !row.checkedBefore);
     EXPECT_EQ(check1 && check1->isVisible(), row.checkBox);
     EXPECT_EQ(box->Text1()->isVisible(), row.textVisible);
-    const QWidget *focus[] = {box->Text1(), check1, next};
+    const QWidget *focus[] = {box, check1, next}; // the control holds the focus for its text
     EXPECT_EQ(QApplication::focusWidget(), focus[int(row.focus)]);
     const Log seen = takeLog();
     EXPECT_EQ(std::count(seen.begin(), seen.end(), "Change"), 1);
@@ -358,7 +358,7 @@ TEST_P(CheckBoxes, TextShowsWhileTicked)
 void clickCheck1(TestBox &b) { QTest::mouseClick(b.Check1(), Qt::LeftButton); }
 
 INSTANTIATE_TEST_SUITE_P(Table, CheckBoxes, ::testing::Values(
-    CheckRow{"TickedByMouseFocusesTheText", true, false, clickCheck1, true, Focus::Text1},
+    CheckRow{"TickedByMouseFocusesTheText", true, false, clickCheck1, true, Focus::Text},
     CheckRow{"TickedFromCodeLeavesTheFocus", true, false, [](TestBox &b) { b.setChecked(true); }, true, Focus::Next},
     CheckRow{"UntickedByMouse", true, true, clickCheck1, false, Focus::Check1},
     CheckRow{"NoCheckBoxShowsTheTextUnticked", false, true, [](TestBox &b) { b.setChecked(false); }, true, Focus::Next}),
@@ -389,15 +389,17 @@ INSTANTIATE_TEST_SUITE_P(Table, Entering, ::testing::Values(
     EnterRow{"OffByTabTheCaretStays", false, Qt::TabFocusReason, 2, 0},
     EnterRow{"OffByShiftTab", false, Qt::BacktabFocusReason, 2, 0}), rowName);
 
-// Check1 stands left of the text: Tab goes from the widget before the control to Check1, then
-// Text1, then the widget after; Shift+Tab goes back the same way.
-TEST_F(FrameTest, TabGoesThroughCheck1ThenText1)
+// Tab goes from the widget before the control into its text (the control itself holds the
+// focus), then to Check1, then to the widget after; Shift+Tab goes back the same way. The control
+// and its inner widgets are one block of the tab chain.
+TEST_F(FrameTest, TabGoesThroughTheTextThenCheck1)
 {
     auto *before = new QLineEdit(window.get());
     Log otherLog;
     auto *checked = new TestBox(window.get(), &otherLog);
     auto *after = new QLineEdit(window.get());
     before->setObjectName("before");
+    checked->setObjectName("control");
     after->setObjectName("after");
     checked->setCheckBox(true);
     showAndFocus(before);
@@ -406,7 +408,7 @@ TEST_F(FrameTest, TabGoesThroughCheck1ThenText1)
         QTest::keyClick(QApplication::focusWidget(), key, key == Qt::Key_Tab ? Qt::NoModifier : Qt::ShiftModifier);
         order << QApplication::focusWidget()->objectName();
     }
-    EXPECT_EQ(order.join(u' '), QStringLiteral("Check1 Text1 after Text1 Check1 before"));
+    EXPECT_EQ(order.join(u' '), QStringLiteral("control Check1 after Check1 control before"));
 }
 
 TEST_F(FrameTest, MovingBetweenInnerWidgetsIsNotLeaving)
@@ -446,7 +448,7 @@ TEST_P(FocusGoingNowhere, LeavesUnlessTheWindowKeepsIt)
 
 INSTANTIATE_TEST_SUITE_P(Table, FocusGoingNowhere, ::testing::Values(
     NowhereRow{"Disabled", [](TestBox &b) { b.setEnabled(false); }, {"exit"}},
-    NowhereRow{"Cleared", [](TestBox &b) { b.Text1()->clearFocus(); }, {"exit"}},
+    NowhereRow{"Cleared", [](TestBox &b) { b.clearFocus(); }, {"exit"}},
     NowhereRow{"AnotherWindowActivated", nullptr, {}}), rowName);
 
 TEST_F(FrameTest, TextChangeRaisesChangeUnlessUpdating)
