@@ -21,6 +21,7 @@ namespace Tarnwell {
 
 class DataObject;
 struct CommonDefaults;
+enum class CommonKey;
 class FrameEditor;
 class InnerMaskEditor;
 class LineEditor;
@@ -338,6 +339,10 @@ private:
     void exitFocus();
     // Hands one of the control's own keyboard, composition or focus events to its text widget.
     void forwardToText(QEvent *event);
+    // Sets a common property through its row of the common table; reports it changed before or
+    // after applying it.
+    enum class Report { First, After };
+    void setCommon(CommonKey key, const QVariant &value, Report report = Report::After);
 
     std::unique_ptr<FrameEditor> m_editor;
     const CommonDefaults *m_commonDefaults;

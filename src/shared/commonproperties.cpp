@@ -19,19 +19,16 @@ namespace Tarnwell {
 namespace {
 
 using Applied = FrameEditor::Applied;
-
-constexpr CommonKey AllKeys[] = {
-    CommonKey::BackColor,     CommonKey::Enabled,          CommonKey::Font,
-    CommonKey::Locked,        CommonKey::MouseIcon,        CommonKey::BorderStyle,
-    CommonKey::ForeColor,     CommonKey::DisabledColor,    CommonKey::Alignment,
-    CommonKey::OLEDragMode,   CommonKey::OLEDropMode,      CommonKey::MousePointer,
-    CommonKey::SelectTextOnFocus, CommonKey::ToolTip,      CommonKey::CheckBox,
-    CommonKey::Checked,       CommonKey::NullIfEmpty,      CommonKey::EnterAsTab,
-};
+using K = CommonKey;
 
 QVariant colorValue(OleColor color)
 {
     return QVariant(qint32(color.value()));
+}
+
+QVariant smallInt(int value)
+{
+    return QVariant(qint16(value));
 }
 
 int ranged(const QVariant &value, int lowest, int highest)
@@ -39,190 +36,214 @@ int ranged(const QVariant &value, int lowest, int highest)
     return int(BagValue::toInt(value, lowest, highest));
 }
 
+QVariant toColor(const QVariant &v) { return QVariant::fromValue(BagValue::toColor(v)); }
+QVariant toBool(const QVariant &v) { return BagValue::toBool(v); }
+
 } // namespace
+
+// The rows, in the order of CommonKey (row() relies on it). Each row's default is what a new
+// control holds; `holdsDefault` tells it cheaply, comparing as the control holds the value.
+const CommonProperty CommonProperties::table[] = {
+    {K::BackColor, BagKey::BackColor,
+     [](const ControlFrame &) { return colorValue(OleColor::WindowBackground); },
+     [](const ControlFrame &f) { return colorValue(f.BackColor()); },
+     [](const ControlFrame &f) { return f.BackColor() == OleColor::WindowBackground; },
+     toColor,
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_backColor = qvariant_cast<OleColor>(v);
+         f.applyBorder();
+     }},
+    {K::Enabled, BagKey::Enabled,
+     [](const ControlFrame &) { return QVariant(true); },
+     [](const ControlFrame &f) { return QVariant(f.Enabled()); },
+     [](const ControlFrame &f) { return f.Enabled(); },
+     toBool,
+     [](ControlFrame &f, const QVariant &v) {
+         f.QFrame::setEnabled(v.toBool()); // the colours follow in changeEvent()
+     }},
+    {K::Font, BagKey::Font,
+     [](const ControlFrame &f) { return QVariant(f.ambientFont()); },
+     [](const ControlFrame &f) { return QVariant(f.Font()); },
+     [](const ControlFrame &f) { return !f.testAttribute(Qt::WA_SetFont); },
+     [](const QVariant &v) { return QVariant(BagValue::toFont(v)); },
+     [](ControlFrame &f, const QVariant &v) {
+         f.QFrame::setFont(qvariant_cast<QFont>(v)); // the inner widgets take it from their parent
+     }},
+    {K::Locked, BagKey::Locked,
+     [](const ControlFrame &) { return QVariant(false); },
+     [](const ControlFrame &f) { return QVariant(f.Locked()); },
+     [](const ControlFrame &f) { return !f.Locked(); },
+     toBool,
+     [](ControlFrame &f, const QVariant &v) { f.m_editor->setLocked(v.toBool()); }},
+    {K::MouseIcon, BagKey::MouseIcon,
+     [](const ControlFrame &) { return QVariant(); }, // no picture
+     [](const ControlFrame &f) {
+         return f.MouseIcon().isNull() ? QVariant() : QVariant(f.MouseIcon());
+     },
+     [](const ControlFrame &f) { return f.MouseIcon().isNull(); },
+     [](const QVariant &v) { return QVariant(BagValue::toPicture(v)); },
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_mouseIcon = qvariant_cast<QPixmap>(v);
+         f.m_editor->apply(Applied::Cursor);
+     }},
+    {K::BorderStyle, BagKey::BorderStyle,
+     [](const ControlFrame &) { return smallInt(twFixed3D); },
+     [](const ControlFrame &f) { return smallInt(f.BorderStyle()); },
+     [](const ControlFrame &f) { return f.BorderStyle() == twFixed3D; },
+     [](const QVariant &v) { return QVariant(ranged(v, twNone, twFixed3D)); },
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_borderStyle = twBorderStyleConstants(v.toInt());
+         f.applyBorder();
+     }},
+    {K::ForeColor, BagKey::ForeColor,
+     [](const ControlFrame &f) { return colorValue(f.commonDefaults().foreColor); },
+     [](const ControlFrame &f) { return colorValue(f.ForeColor()); },
+     [](const ControlFrame &f) { return f.ForeColor() == f.commonDefaults().foreColor; },
+     toColor,
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_foreColor = qvariant_cast<OleColor>(v);
+         f.m_editor->apply(Applied::Colors);
+     }},
+    {K::DisabledColor, BagKey::DisabledColor,
+     [](const ControlFrame &f) { return colorValue(f.commonDefaults().disabledColor); },
+     [](const ControlFrame &f) { return colorValue(f.DisabledColor()); },
+     [](const ControlFrame &f) { return f.DisabledColor() == f.commonDefaults().disabledColor; },
+     toColor,
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_disabledColor = qvariant_cast<OleColor>(v);
+         f.m_editor->apply(Applied::Colors);
+     }},
+    {K::Alignment, BagKey::Alignment,
+     [](const ControlFrame &f) { return smallInt(f.commonDefaults().alignment); },
+     [](const ControlFrame &f) { return smallInt(f.Alignment()); },
+     [](const ControlFrame &f) { return f.Alignment() == f.commonDefaults().alignment; },
+     [](const QVariant &v) { return QVariant(ranged(v, twLeftJustify, twCenter)); },
+     [](ControlFrame &f, const QVariant &v) {
+         ControlFrame::UpdatingGuard updating(f);
+         f.m_editor->setAlignment(twAlignmentConstants(v.toInt()));
+     }},
+    {K::OLEDragMode, BagKey::OLEDragMode,
+     [](const ControlFrame &) { return smallInt(ControlFrame::OLEDragManual); },
+     [](const ControlFrame &f) { return smallInt(f.OLEDragMode()); },
+     [](const ControlFrame &f) { return f.OLEDragMode() == ControlFrame::OLEDragManual; },
+     [](const QVariant &v) {
+         return QVariant(ranged(v, ControlFrame::OLEDragManual, ControlFrame::OLEDragAutomatic));
+     },
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_oleDragMode = v.toInt();
+         f.m_editor->apply(Applied::DragMode);
+     }},
+    {K::OLEDropMode, BagKey::OLEDropMode,
+     [](const ControlFrame &) { return smallInt(ControlFrame::OLEDropNone); },
+     [](const ControlFrame &f) { return smallInt(f.OLEDropMode()); },
+     [](const ControlFrame &f) { return f.OLEDropMode() == ControlFrame::OLEDropNone; },
+     [](const QVariant &v) {
+         return QVariant(ranged(v, ControlFrame::OLEDropNone, ControlFrame::OLEDropAutomatic));
+     },
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_oleDropMode = v.toInt();
+         f.m_editor->apply(Applied::DropMode);
+     }},
+    {K::MousePointer, BagKey::MousePointer,
+     [](const ControlFrame &) { return smallInt(ControlFrame::MousePointerDefault); },
+     [](const ControlFrame &f) { return smallInt(f.MousePointer()); },
+     [](const ControlFrame &f) { return f.MousePointer() == ControlFrame::MousePointerDefault; },
+     [](const QVariant &v) {
+         const int pointer = ranged(v, INT32_MIN, INT32_MAX);
+         if (!MousePointer::isValid(pointer))
+             throw Error(Error::InvalidPropertyValue);
+         return QVariant(pointer);
+     },
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_mousePointer = v.toInt();
+         f.m_editor->apply(Applied::Cursor);
+     }},
+    {K::SelectTextOnFocus, BagKey::SelectTextOnFocus,
+     [](const ControlFrame &f) { return QVariant(f.commonDefaults().selectTextOnFocus); },
+     [](const ControlFrame &f) { return QVariant(f.SelectTextOnFocus()); },
+     [](const ControlFrame &f) { return f.SelectTextOnFocus() == f.commonDefaults().selectTextOnFocus; },
+     toBool,
+     [](ControlFrame &f, const QVariant &v) { f.m_selectTextOnFocus = v.toBool(); }},
+    {K::ToolTip, BagKey::ToolTip,
+     [](const ControlFrame &) { return QVariant(QString()); },
+     [](const ControlFrame &f) { return QVariant(f.ToolTip()); },
+     [](const ControlFrame &f) { return f.ToolTip().isEmpty(); },
+     [](const QVariant &v) { return QVariant(BagValue::toString(v)); },
+     [](ControlFrame &f, const QVariant &v) {
+         f.QFrame::setToolTip(v.toString()); // the inner widgets follow in changeEvent()
+     }},
+    {K::CheckBox, BagKey::CheckBox,
+     [](const ControlFrame &) { return QVariant(false); },
+     [](const ControlFrame &f) { return QVariant(f.CheckBox()); },
+     [](const ControlFrame &f) { return !f.CheckBox(); },
+     toBool,
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_checkBox = v.toBool();
+         f.m_editor->apply(Applied::CheckBox);
+         f.relayout();
+         f.updateValueControls();
+     }},
+    {K::Checked, BagKey::Checked,
+     [](const ControlFrame &f) { return QVariant(f.commonDefaults().checked); },
+     [](const ControlFrame &f) { return QVariant(f.Checked()); },
+     [](const ControlFrame &f) { return f.Checked() == f.commonDefaults().checked; },
+     toBool,
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_editor->setChecked(v.toBool()); // the click logic, as the host's check box runs it
+     }},
+    {K::NullIfEmpty, BagKey::NullIfEmpty,
+     [](const ControlFrame &) { return QVariant(false); },
+     [](const ControlFrame &f) { return QVariant(f.NullIfEmpty()); },
+     [](const ControlFrame &f) { return !f.NullIfEmpty(); },
+     toBool,
+     [](ControlFrame &f, const QVariant &v) { f.m_nullIfEmpty = v.toBool(); }},
+    {K::EnterAsTab, BagKey::EnterAsTab,
+     [](const ControlFrame &) { return QVariant(false); },
+     [](const ControlFrame &f) { return QVariant(f.EnterAsTab()); },
+     [](const ControlFrame &f) { return !f.EnterAsTab(); },
+     toBool,
+     [](ControlFrame &f, const QVariant &v) {
+         f.m_enterAsTab = v.toBool();
+         f.m_editor->apply(Applied::EnterAsTab);
+     }},
+};
+
+const CommonProperty &CommonProperties::row(CommonKey key)
+{
+    // The table is in key order; a wrong order is caught here on first use in every build.
+    const CommonProperty &found = table[int(key)];
+    Q_ASSERT(found.key == key);
+    return found;
+}
+
+std::span<const CommonProperty> CommonProperties::rows()
+{
+    return table;
+}
 
 const QString &CommonProperties::name(CommonKey key)
 {
-    switch (key) {
-    case CommonKey::BackColor: return BagKey::BackColor;
-    case CommonKey::Enabled: return BagKey::Enabled;
-    case CommonKey::Font: return BagKey::Font;
-    case CommonKey::Locked: return BagKey::Locked;
-    case CommonKey::MouseIcon: return BagKey::MouseIcon;
-    case CommonKey::BorderStyle: return BagKey::BorderStyle;
-    case CommonKey::ForeColor: return BagKey::ForeColor;
-    case CommonKey::DisabledColor: return BagKey::DisabledColor;
-    case CommonKey::Alignment: return BagKey::Alignment;
-    case CommonKey::OLEDragMode: return BagKey::OLEDragMode;
-    case CommonKey::OLEDropMode: return BagKey::OLEDropMode;
-    case CommonKey::MousePointer: return BagKey::MousePointer;
-    case CommonKey::SelectTextOnFocus: return BagKey::SelectTextOnFocus;
-    case CommonKey::ToolTip: return BagKey::ToolTip;
-    case CommonKey::CheckBox: return BagKey::CheckBox;
-    case CommonKey::Checked: return BagKey::Checked;
-    case CommonKey::NullIfEmpty: return BagKey::NullIfEmpty;
-    case CommonKey::EnterAsTab: return BagKey::EnterAsTab;
-    }
-    return BagKey::Value; // not reached: every key is named above
+    return row(key).name;
 }
 
 QVariant CommonProperties::defaultValue(const ControlFrame &frame, CommonKey key)
 {
-    const CommonDefaults &d = frame.commonDefaults();
-    switch (key) {
-    case CommonKey::BackColor: return colorValue(OleColor::WindowBackground);
-    case CommonKey::ForeColor: return colorValue(d.foreColor);
-    case CommonKey::DisabledColor: return colorValue(d.disabledColor);
-    case CommonKey::Font: return frame.ambientFont();
-    case CommonKey::BorderStyle: return QVariant(qint16(twFixed3D));
-    case CommonKey::Alignment: return QVariant(qint16(d.alignment));
-    case CommonKey::OLEDragMode:
-    case CommonKey::OLEDropMode:
-    case CommonKey::MousePointer: return QVariant(qint16(0));
-    case CommonKey::SelectTextOnFocus: return d.selectTextOnFocus;
-    case CommonKey::Checked: return d.checked;
-    case CommonKey::Enabled: return true;
-    case CommonKey::Locked:
-    case CommonKey::CheckBox:
-    case CommonKey::NullIfEmpty:
-    case CommonKey::EnterAsTab: return false;
-    case CommonKey::ToolTip: return QString();
-    case CommonKey::MouseIcon: return QVariant(); // no picture
-    }
-    return QVariant();
+    return row(key).defaultValue(frame);
 }
 
 QVariant CommonProperties::value(const ControlFrame &frame, CommonKey key)
 {
-    switch (key) {
-    case CommonKey::BackColor: return colorValue(frame.BackColor());
-    case CommonKey::ForeColor: return colorValue(frame.ForeColor());
-    case CommonKey::DisabledColor: return colorValue(frame.DisabledColor());
-    case CommonKey::Enabled: return frame.Enabled();
-    case CommonKey::Font: return frame.Font();
-    case CommonKey::Locked: return frame.Locked();
-    case CommonKey::MouseIcon:
-        return frame.MouseIcon().isNull() ? QVariant() : QVariant(frame.MouseIcon());
-    case CommonKey::BorderStyle: return QVariant(qint16(frame.BorderStyle()));
-    case CommonKey::Alignment: return QVariant(qint16(frame.Alignment()));
-    case CommonKey::OLEDragMode: return QVariant(qint16(frame.OLEDragMode()));
-    case CommonKey::OLEDropMode: return QVariant(qint16(frame.OLEDropMode()));
-    case CommonKey::MousePointer: return QVariant(qint16(frame.MousePointer()));
-    case CommonKey::SelectTextOnFocus: return frame.SelectTextOnFocus();
-    case CommonKey::ToolTip: return frame.ToolTip();
-    case CommonKey::CheckBox: return frame.CheckBox();
-    case CommonKey::Checked: return frame.Checked();
-    case CommonKey::NullIfEmpty: return frame.NullIfEmpty();
-    case CommonKey::EnterAsTab: return frame.EnterAsTab();
-    }
-    return QVariant();
+    return row(key).read(frame);
 }
 
 QVariant CommonProperties::check(CommonKey key, const QVariant &v)
 {
-    switch (key) {
-    case CommonKey::BackColor:
-    case CommonKey::ForeColor:
-    case CommonKey::DisabledColor: return QVariant::fromValue(BagValue::toColor(v));
-    case CommonKey::Font: return BagValue::toFont(v);
-    case CommonKey::MouseIcon: return BagValue::toPicture(v);
-    case CommonKey::BorderStyle: return ranged(v, twNone, twFixed3D);
-    case CommonKey::Alignment: return ranged(v, twLeftJustify, twCenter);
-    case CommonKey::OLEDragMode:
-        return ranged(v, ControlFrame::OLEDragManual, ControlFrame::OLEDragAutomatic);
-    case CommonKey::OLEDropMode:
-        return ranged(v, ControlFrame::OLEDropNone, ControlFrame::OLEDropAutomatic);
-    case CommonKey::MousePointer: {
-        const int pointer = ranged(v, INT32_MIN, INT32_MAX);
-        if (!MousePointer::isValid(pointer))
-            throw Error(Error::InvalidPropertyValue);
-        return pointer;
-    }
-    case CommonKey::ToolTip: return BagValue::toString(v);
-    case CommonKey::Enabled:
-    case CommonKey::Locked:
-    case CommonKey::SelectTextOnFocus:
-    case CommonKey::CheckBox:
-    case CommonKey::Checked:
-    case CommonKey::NullIfEmpty:
-    case CommonKey::EnterAsTab: return BagValue::toBool(v);
-    }
-    return v;
+    return row(key).check(v);
 }
 
-void CommonProperties::assign(ControlFrame &f, CommonKey key, const QVariant &v)
+void CommonProperties::assign(ControlFrame &frame, CommonKey key, const QVariant &checked)
 {
-    FrameEditor &editor = *f.m_editor;
-    switch (key) {
-    case CommonKey::BackColor:
-        f.m_backColor = qvariant_cast<OleColor>(v);
-        f.applyBorder();
-        break;
-    case CommonKey::ForeColor:
-        f.m_foreColor = qvariant_cast<OleColor>(v);
-        editor.apply(Applied::Colors);
-        break;
-    case CommonKey::DisabledColor:
-        f.m_disabledColor = qvariant_cast<OleColor>(v);
-        editor.apply(Applied::Colors);
-        break;
-    case CommonKey::Enabled:
-        f.QFrame::setEnabled(v.toBool()); // the colours follow in changeEvent()
-        break;
-    case CommonKey::Font:
-        f.QFrame::setFont(qvariant_cast<QFont>(v));
-        break;
-    case CommonKey::Locked:
-        editor.setLocked(v.toBool());
-        break;
-    case CommonKey::MouseIcon:
-        f.m_mouseIcon = qvariant_cast<QPixmap>(v);
-        editor.apply(Applied::Cursor);
-        break;
-    case CommonKey::BorderStyle:
-        f.m_borderStyle = twBorderStyleConstants(v.toInt());
-        f.applyBorder();
-        break;
-    case CommonKey::Alignment: {
-        ControlFrame::UpdatingGuard updating(f);
-        editor.setAlignment(twAlignmentConstants(v.toInt()));
-        break;
-    }
-    case CommonKey::OLEDragMode:
-        f.m_oleDragMode = v.toInt();
-        editor.apply(Applied::DragMode);
-        break;
-    case CommonKey::OLEDropMode:
-        f.m_oleDropMode = v.toInt();
-        editor.apply(Applied::DropMode);
-        break;
-    case CommonKey::MousePointer:
-        f.m_mousePointer = v.toInt();
-        editor.apply(Applied::Cursor);
-        break;
-    case CommonKey::SelectTextOnFocus:
-        f.m_selectTextOnFocus = v.toBool();
-        break;
-    case CommonKey::ToolTip:
-        f.QFrame::setToolTip(v.toString()); // the inner widgets follow in changeEvent()
-        break;
-    case CommonKey::CheckBox:
-        f.m_checkBox = v.toBool();
-        editor.apply(Applied::CheckBox);
-        f.relayout();
-        f.updateValueControls();
-        break;
-    case CommonKey::Checked:
-        editor.setChecked(v.toBool()); // the click logic, as the host's check box runs it
-        break;
-    case CommonKey::NullIfEmpty:
-        f.m_nullIfEmpty = v.toBool();
-        break;
-    case CommonKey::EnterAsTab:
-        f.m_enterAsTab = v.toBool();
-        editor.apply(Applied::EnterAsTab);
-        break;
-    }
+    row(key).assign(frame, checked);
 }
 
 void CommonProperties::write(const ControlFrame &frame, PropertyBag &bag,
@@ -232,50 +253,18 @@ void CommonProperties::write(const ControlFrame &frame, PropertyBag &bag,
         bag.WriteProperty(name(key), value(frame, key), defaultValue(frame, key));
 }
 
-namespace {
-
-// Whether a control holds the default of a key, compared as the control holds it (cheap: a new
-// control asks this of every key).
-bool holdsDefault(const ControlFrame &f, CommonKey key, const CommonDefaults &d)
-{
-    switch (key) {
-    case CommonKey::BackColor: return f.BackColor() == OleColor::WindowBackground;
-    case CommonKey::ForeColor: return f.ForeColor() == d.foreColor;
-    case CommonKey::DisabledColor: return f.DisabledColor() == d.disabledColor;
-    case CommonKey::Enabled: return f.Enabled();
-    case CommonKey::Font: return !f.testAttribute(Qt::WA_SetFont);
-    case CommonKey::Locked: return !f.Locked();
-    case CommonKey::MouseIcon: return f.MouseIcon().isNull();
-    case CommonKey::BorderStyle: return f.BorderStyle() == twFixed3D;
-    case CommonKey::Alignment: return f.Alignment() == d.alignment;
-    case CommonKey::OLEDragMode: return f.OLEDragMode() == ControlFrame::OLEDragManual;
-    case CommonKey::OLEDropMode: return f.OLEDropMode() == ControlFrame::OLEDropNone;
-    case CommonKey::MousePointer: return f.MousePointer() == ControlFrame::MousePointerDefault;
-    case CommonKey::SelectTextOnFocus: return f.SelectTextOnFocus() == d.selectTextOnFocus;
-    case CommonKey::ToolTip: return f.ToolTip().isEmpty();
-    case CommonKey::CheckBox: return !f.CheckBox();
-    case CommonKey::Checked: return f.Checked() == d.checked;
-    case CommonKey::NullIfEmpty: return !f.NullIfEmpty();
-    case CommonKey::EnterAsTab: return !f.EnterAsTab();
-    }
-    return true;
-}
-
-} // namespace
-
 void CommonProperties::initialise(ControlFrame &frame)
 {
     const QSize size(Twips::toPixels(Twips::DefaultWidth), Twips::toPixels(Twips::DefaultHeight));
     if (frame.size() != size)
         frame.resize(size);
-    const CommonDefaults &defaults = frame.commonDefaults();
-    for (CommonKey key : AllKeys) {
-        if (holdsDefault(frame, key, defaults))
+    for (const CommonProperty &property : table) {
+        if (property.holdsDefault(frame))
             continue;
-        if (key == CommonKey::Font)
+        if (property.key == CommonKey::Font)
             frame.QFrame::setFont(QFont()); // the ambient font: the parent's, now and later
         else
-            assign(frame, key, check(key, defaultValue(frame, key)));
+            property.assign(frame, property.check(property.defaultValue(frame)));
     }
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace Tarnwell {
@@ -50,9 +51,29 @@ struct CommonDefaults
     bool checked = true;
 };
 
+// One common property: everything the setters, the bag, the property pages and Designer read.
+struct CommonProperty
+{
+    CommonKey key;
+    const QString &name; // the bag key, and the name it is reported changed under
+    // The bag default: the value a new control holds.
+    QVariant (*defaultValue)(const ControlFrame &frame);
+    // The control's present value, as a bag stores it.
+    QVariant (*read)(const ControlFrame &frame);
+    // Whether the control holds the default, compared as it holds it (no variants).
+    bool (*holdsDefault)(const ControlFrame &frame);
+    // A value made ready to assign; Error(380) when it cannot be.
+    QVariant (*check)(const QVariant &value);
+    // Applies a checked value to the control and its inner widgets, reporting nothing.
+    void (*assign)(ControlFrame &frame, const QVariant &checked);
+};
+
 class CommonProperties
 {
 public:
+    static const CommonProperty &row(CommonKey key);
+    static std::span<const CommonProperty> rows();
+
     static const QString &name(CommonKey key);
     // The default a bag is read and written with: the value of a new control.
     static QVariant defaultValue(const ControlFrame &frame, CommonKey key);
@@ -67,6 +88,9 @@ public:
     // Every common value back to the control's default, and the default size (InitProperties);
     // only what differs is touched, so a new control pays nothing.
     static void initialise(ControlFrame &frame);
+
+private:
+    static const CommonProperty table[];
 };
 
 // A control's reading of a property bag, in the control's own key order, in two passes: every

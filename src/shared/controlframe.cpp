@@ -165,25 +165,33 @@ bool ControlFrame::checkHasFocus() const
 // ---------------------------------------------------------------------------------------------
 // Properties
 
+// A common property set by its setter: checked as a bag value is (Error 380 for one outside its
+// constants), applied through its row of the common table, reported changed. A few report first,
+// as the frame documents them.
+void ControlFrame::setCommon(CommonKey key, const QVariant &value, Report report)
+{
+    const CommonProperty &property = CommonProperties::row(key);
+    const QVariant checked = property.check(value);
+    if (report == Report::First)
+        markDirty(property.name);
+    property.assign(*this, checked);
+    if (report == Report::After)
+        markDirty(property.name);
+}
+
 void ControlFrame::setBackColor(OleColor color)
 {
-    m_backColor = color;
-    applyBorder();
-    markDirty(BagKey::BackColor);
+    setCommon(CommonKey::BackColor, QVariant::fromValue(color));
 }
 
 void ControlFrame::setForeColor(OleColor color)
 {
-    m_foreColor = color;
-    m_editor->apply(FrameEditor::Applied::Colors);
-    markDirty(BagKey::ForeColor);
+    setCommon(CommonKey::ForeColor, QVariant::fromValue(color));
 }
 
 void ControlFrame::setDisabledColor(OleColor color)
 {
-    m_disabledColor = color;
-    m_editor->apply(FrameEditor::Applied::Colors);
-    markDirty(BagKey::DisabledColor);
+    setCommon(CommonKey::DisabledColor, QVariant::fromValue(color));
 }
 
 bool ControlFrame::Enabled() const
@@ -193,23 +201,17 @@ bool ControlFrame::Enabled() const
 
 void ControlFrame::setEnabled(bool enabled)
 {
-    QFrame::setEnabled(enabled); // the colours follow in changeEvent()
-    markDirty(BagKey::Enabled);
+    setCommon(CommonKey::Enabled, enabled);
 }
 
 void ControlFrame::setFont(const QFont &font)
 {
-    QFrame::setFont(font); // the inner widgets take it from their parent
-    markDirty(BagKey::Font);
+    setCommon(CommonKey::Font, font);
 }
 
 void ControlFrame::setBorderStyle(twBorderStyleConstants style)
 {
-    if (style < twNone || style > twFixed3D)
-        refuse();
-    m_borderStyle = style;
-    markDirty(BagKey::BorderStyle);
-    applyBorder();
+    setCommon(CommonKey::BorderStyle, int(style), Report::First);
 }
 
 twAlignmentConstants ControlFrame::Alignment() const
@@ -219,13 +221,7 @@ twAlignmentConstants ControlFrame::Alignment() const
 
 void ControlFrame::setAlignment(twAlignmentConstants alignment)
 {
-    if (alignment < twLeftJustify || alignment > twCenter)
-        refuse();
-    {
-        UpdatingGuard guard(*this);
-        m_editor->setAlignment(alignment);
-    }
-    markDirty(BagKey::Alignment);
+    setCommon(CommonKey::Alignment, int(alignment));
 }
 
 bool ControlFrame::Locked() const
@@ -235,42 +231,32 @@ bool ControlFrame::Locked() const
 
 void ControlFrame::setLocked(bool locked)
 {
-    m_editor->setLocked(locked);
-    markDirty(BagKey::Locked);
+    setCommon(CommonKey::Locked, locked);
 }
 
 void ControlFrame::setSelectTextOnFocus(bool on)
 {
-    m_selectTextOnFocus = on;
-    markDirty(BagKey::SelectTextOnFocus);
+    setCommon(CommonKey::SelectTextOnFocus, on);
 }
 
 void ControlFrame::setNullIfEmpty(bool on)
 {
-    m_nullIfEmpty = on;
-    markDirty(BagKey::NullIfEmpty);
+    setCommon(CommonKey::NullIfEmpty, on);
 }
 
 void ControlFrame::setEnterAsTab(bool on)
 {
-    m_enterAsTab = on;
-    m_editor->apply(FrameEditor::Applied::EnterAsTab);
-    markDirty(BagKey::EnterAsTab);
+    setCommon(CommonKey::EnterAsTab, on);
 }
 
 void ControlFrame::setToolTip(const QString &text)
 {
-    QFrame::setToolTip(text); // the inner widgets follow in changeEvent()
-    markDirty(BagKey::ToolTip);
+    setCommon(CommonKey::ToolTip, text);
 }
 
 void ControlFrame::setCheckBox(bool on)
 {
-    m_checkBox = on;
-    m_editor->apply(FrameEditor::Applied::CheckBox);
-    markDirty(BagKey::CheckBox);
-    relayout();
-    updateValueControls();
+    setCommon(CommonKey::CheckBox, on);
 }
 
 bool ControlFrame::Checked() const
@@ -280,42 +266,27 @@ bool ControlFrame::Checked() const
 
 void ControlFrame::setChecked(bool on)
 {
-    markDirty(BagKey::Checked);
-    m_editor->setChecked(on); // runs the click logic when the value changes
+    setCommon(CommonKey::Checked, on, Report::First); // the click logic may raise Change
 }
 
 void ControlFrame::setMouseIcon(const QPixmap &icon)
 {
-    m_mouseIcon = icon;
-    m_editor->apply(FrameEditor::Applied::Cursor);
-    markDirty(BagKey::MouseIcon);
+    setCommon(CommonKey::MouseIcon, icon);
 }
 
 void ControlFrame::setMousePointer(int pointer)
 {
-    if (!MousePointer::isValid(pointer))
-        refuse();
-    m_mousePointer = pointer;
-    m_editor->apply(FrameEditor::Applied::Cursor);
-    markDirty(BagKey::MousePointer);
+    setCommon(CommonKey::MousePointer, pointer);
 }
 
 void ControlFrame::setOLEDragMode(int mode)
 {
-    if (mode != OLEDragManual && mode != OLEDragAutomatic)
-        refuse();
-    m_oleDragMode = mode;
-    m_editor->apply(FrameEditor::Applied::DragMode);
-    markDirty(BagKey::OLEDragMode);
+    setCommon(CommonKey::OLEDragMode, mode);
 }
 
 void ControlFrame::setOLEDropMode(int mode)
 {
-    if (mode < OLEDropNone || mode > OLEDropAutomatic)
-        refuse();
-    m_oleDropMode = mode;
-    m_editor->apply(FrameEditor::Applied::DropMode);
-    markDirty(BagKey::OLEDropMode);
+    setCommon(CommonKey::OLEDropMode, mode);
 }
 
 int ControlFrame::SelStart() const
