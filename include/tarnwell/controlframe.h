@@ -158,7 +158,9 @@ public:
     bool checkHasFocus() const;
     bool isUpdating() const { return m_updating; }
 
-    // The documented default size, grown to fit the font.
+    // What a QLineEdit of the same style and font asks for (a spin box's height when the
+    // control shows buttons), widened by the check box and the buttons. A control no layout
+    // manages keeps the documented default size.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -231,7 +233,7 @@ protected:
 
     // The defaults of the common properties for this kind of control (a static object); they
     // are those of MaskBox unless the control names its own.
-    void setCommonDefaults(const CommonDefaults &defaults) { m_commonDefaults = &defaults; }
+    void setCommonDefaults(const CommonDefaults &defaults);
     const CommonDefaults &commonDefaults() const { return *m_commonDefaults; }
 
     // What Value gives when there is no value: Null with NullIfEmpty, else Empty.
@@ -326,6 +328,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
 
 private:
     friend class CommonProperties;
@@ -343,6 +347,9 @@ private:
     // after applying it.
     enum class Report { First, After };
     void setCommon(CommonKey key, const QVariant &value, Report report = Report::After);
+    QSize hintFor(bool minimum) const;
+    // The keyboard focus is on the frame or one of its inner widgets.
+    bool focusIsInside() const;
 
     std::unique_ptr<FrameEditor> m_editor;
     const CommonDefaults *m_commonDefaults;

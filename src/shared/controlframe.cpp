@@ -16,7 +16,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPointer>
 
 namespace Tarnwell {
@@ -50,6 +49,8 @@ ControlFrame::ControlFrame(QWidget *parent, EditorKind kind, const QString &inne
     setAttribute(Qt::WA_InputMethodEnabled);
     FocusTracker::watch();
     Accessibility::install();
+    // A one-line editor: as QLineEdit, it takes the width a layout offers and keeps its height.
+    setSizePolicy(QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed, QSizePolicy::LineEdit));
     resize(Twips::toPixels(Twips::DefaultWidth), Twips::toPixels(Twips::DefaultHeight));
     applyBorder();
 }
@@ -334,146 +335,6 @@ void ControlFrame::Refresh()
 void ControlFrame::OLEDrag()
 {
     m_editor->startDrag();
-}
-
-QSize ControlFrame::sizeHint() const
-{
-    const int allowance = Twips::toPixels(Twips::borderAllowanceY(m_borderStyle));
-    const int height = m_editor->preferredHeight() + allowance + 2 * frameWidth();
-    return QSize(Twips::toPixels(Twips::DefaultWidth),
-                 qMax(Twips::toPixels(Twips::DefaultHeight), height));
-}
-
-QSize ControlFrame::minimumSizeHint() const
-{
-    return QSize(Twips::toPixels(Twips::DefaultWidth) / 3, sizeHint().height());
-}
-
-// ---------------------------------------------------------------------------------------------
-// Colours and border
-
-QColor ControlFrame::resolveColor(OleColor color) const
-{
-    return color.toQColor(palette());
-}
-
-OleColor ControlFrame::textColor() const
-{
-    return Enabled() ? m_foreColor : m_disabledColor;
-}
-
-void ControlFrame::applyTextColor()
-{
-    if (QLineEdit *text1 = Text1())
-        paintTextBox(text1);
-}
-
-void ControlFrame::paintTextBox(QWidget *box) const
-{
-    const OleColor text = textColor();
-    const QColor textColour = resolveColor(text);
-    const QColor backColour = resolveColor(m_backColor);
-    // The default colours in an enabled control are the natural palette's own, and so are colours
-    // it happens to hold already (a new palette comes back here, through changeEvent()).
-    const QPalette &own = palette();
-    const auto holds = [&](QPalette::ColorGroup group) {
-        return own.color(group, QPalette::Text) == textColour && own.color(group, QPalette::Base) == backColour;
-    };
-    const bool natural = isEnabled()
-                         && ((text == OleColor::WindowText && m_backColor == OleColor::WindowBackground)
-                             || (holds(QPalette::Active) && holds(QPalette::Inactive)));
-    LineEditor::paint(box, textColour, backColour, natural);
-}
-
-void ControlFrame::applyBorder()
-{
-    int style = QFrame::Panel | QFrame::Sunken;
-    int width = 2;
-    if (m_borderStyle == twNone) {
-        style = QFrame::NoFrame | QFrame::Plain;
-        width = 0;
-    } else if (m_borderStyle == twFixedSingle) {
-        style = QFrame::Box | QFrame::Plain;
-        width = 1;
-    }
-    // Each set lays the frame out again, also with the value it has.
-    if (frameStyle() != style)
-        setFrameStyle(style);
-    if (lineWidth() != width)
-        setLineWidth(width);
-    m_editor->apply(FrameEditor::Applied::Colors);
-    update(); // the strip around the inner widgets takes the back colour (paintEvent)
-    // The frame's width changed the inner area.
-    relayout();
-}
-
-void ControlFrame::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.fillRect(contentsRect(), resolveColor(m_backColor));
-    drawFrame(&painter);
-}
-
-// ---------------------------------------------------------------------------------------------
-// Layout
-
-int ControlFrame::innerWidthTwips() const
-{
-    return contentsRect().width() * Twips::PerPixel;
-}
-
-int ControlFrame::innerHeightTwips() const
-{
-    return contentsRect().height() * Twips::PerPixel;
-}
-
-void ControlFrame::placeTwips(QWidget *child, int left, int top, int width, int height)
-{
-    if (!child)
-        return;
-    const QRect inner = contentsRect();
-    child->setGeometry(inner.left() + Twips::toPixels(left), inner.top() + Twips::toPixels(top),
-                       qMax(0, Twips::toPixels(width)), qMax(0, Twips::toPixels(height)));
-}
-
-void ControlFrame::relayout()
-{
-    m_editor->layout(reservedWidth());
-}
-
-void ControlFrame::resizeEvent(QResizeEvent *event)
-{
-    QFrame::resizeEvent(event);
-    try {
-        relayout();
-    } catch (...) {
-    }
-}
-
-void ControlFrame::changeEvent(QEvent *event)
-{
-    QFrame::changeEvent(event);
-    try {
-        switch (event->type()) {
-        case QEvent::EnabledChange:
-            // Also reached by QWidget::setEnabled through a base pointer.
-            m_editor->apply(FrameEditor::Applied::Colors);
-            updateValueControls();
-            break;
-        case QEvent::ToolTipChange:
-            // Also reached by QWidget::setToolTip through a base pointer.
-            m_editor->apply(FrameEditor::Applied::ToolTip);
-            break;
-        case QEvent::PaletteChange:
-            // A new palette may resolve the system colours differently.
-            m_editor->apply(FrameEditor::Applied::Colors);
-            update();
-            break;
-        default:
-            break;
-        }
-    } catch (...) {
-    }
 }
 
 QFont ControlFrame::ambientFont() const

@@ -31,12 +31,14 @@ bool ControlFrame::filterDrop(QEvent *)
 void ControlFrame::enterFocus()
 {
     m_hasFocus = true;
+    update(); // the border shows the focus
     onEnterFocus();
 }
 
 void ControlFrame::exitFocus()
 {
     m_hasFocus = false;
+    update();
     onExitFocus();
 }
 

@@ -1,12 +1,13 @@
 #include "shared/filesettingsstore.h"
 
+#include "shared/framestyle.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
-#include <QStyle>
 #include <QtEndian>
 
 namespace Tarnwell {
@@ -161,10 +162,9 @@ QString FileSettingsStore::rootName(Handle root)
 QString FileSettingsStore::defaultScrollWidth()
 {
     int extent = 17; // the registry's own default, when no style is at hand
-    if (auto *app = qobject_cast<QApplication *>(QCoreApplication::instance())) {
-        if (QStyle *style = app->style())
-            extent = style->pixelMetric(QStyle::PM_ScrollBarExtent);
-    }
+    // Without a setting of its own the up-down button is as wide as the style's spin-box arrows.
+    if (qobject_cast<QApplication *>(QCoreApplication::instance()))
+        extent = FrameStyle::spinButtonWidth(nullptr);
     return QString::number(-extent * 15);
 }
 

@@ -32,7 +32,8 @@ public:
     // Writes a value in the file's format (creates the file and the key).
     void setValue(Handle root, const QString &subKey, const QString &valueName, int type,
                   const QByteArray &data);
-    // The ScrollWidth reported when the file has none ("-255" for a 17-pixel extent).
+    // The ScrollWidth reported when the file has none: the style's spin-box button width in
+    // negative twips ("-210" for 14-pixel buttons).
     static QString defaultScrollWidth();
 
     static QString rootName(Handle root); // "HKEY_CURRENT_USER", ...; empty for a non-root

@@ -65,8 +65,6 @@ public:
     // Places the inner widgets in the frame's inner area, less `reservedWidth` twips at the
     // right for the control's own buttons.
     virtual void layout(int reservedWidth) = 0;
-    // The height the inner widgets want, in pixels (for the size hint).
-    virtual int preferredHeight() const = 0;
     virtual void refresh() = 0;
     virtual void startDrag() = 0;
 };

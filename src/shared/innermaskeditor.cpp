@@ -250,12 +250,6 @@ void InnerMaskEditor::layout(int reservedWidth)
                        m_frame.innerHeightTwips());
 }
 
-int InnerMaskEditor::preferredHeight() const
-{
-    // What the inner box's text wants; the outer frame adds its own border and allowance.
-    return static_cast<const ControlFrame *>(m_box)->m_editor->preferredHeight();
-}
-
 void InnerMaskEditor::refresh()
 {
     m_box->Refresh();

@@ -44,7 +44,6 @@ public:
     QString selText() const override;
     void selectAll() override;
     void layout(int reservedWidth) override;
-    int preferredHeight() const override;
     void refresh() override;
     void startDrag() override;
 

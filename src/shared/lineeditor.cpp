@@ -396,12 +396,14 @@ void LineEditor::layout(int reservedWidth)
 {
     const twBorderStyleConstants style = m_frame.BorderStyle();
     const bool checkBox = m_frame.CheckBox();
-    const int left = checkBox ? 255 : 15;
-    const int top = 15;
+    const int left = checkBox ? Twips::TextLeftWithCheckBox : Twips::TextInset;
+    const int top = Twips::TextInset;
+    // Across, the border's allowance; down, the same inset below as above, so that the text line
+    // stays centred on the frame as a QLineEdit centres it (the allowance would cut it short).
     m_frame.placeTwips(m_text1, left, top,
                        m_frame.innerWidthTwips() - Twips::borderAllowanceX(style) - left
                            - reservedWidth,
-                       m_frame.innerHeightTwips() - Twips::borderAllowanceY(style));
+                       m_frame.innerHeightTwips() - 2 * top);
     if (checkBox) {
         QCheckBox *box = check1();
         const QStyle *st = m_frame.style();
@@ -415,14 +417,6 @@ void LineEditor::layout(int reservedWidth)
         m_check1->hide();
     }
     applyCheckVisibility();
-}
-
-int LineEditor::preferredHeight() const
-{
-    // What the font asks for: the margins that fit its line into a shorter box are left out, or
-    // the hint would follow the box instead of the font.
-    const QMargins fitted = m_text1->textMargins();
-    return m_text1->sizeHint().height() - fitted.top() - fitted.bottom();
 }
 
 void LineEditor::refresh()

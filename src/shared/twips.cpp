@@ -34,15 +34,6 @@ int borderAllowanceX(twBorderStyleConstants style)
     }
 }
 
-int borderAllowanceY(twBorderStyleConstants style)
-{
-    switch (style) {
-    case twNone: return 15;
-    case twFixedSingle: return 45;
-    default: return 75;
-    }
-}
-
 int checkBoxTop(int textHeight, int checkHeight)
 {
     const double pixels = (double(textHeight) - checkHeight + 1) / PerPixel;

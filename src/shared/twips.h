@@ -17,9 +17,13 @@ int roundHalfEven(double value);
 int toPixels(double twips);
 constexpr double fromPixels(double pixels) { return pixels * PerPixel; }
 
-// What the frame's border takes from the inner area: 15, 45 and 80 across, 15, 45 and 75 down.
+// The text box's inset from the frame's inner area, and its left edge when the check box stands
+// left of it.
+constexpr int TextInset = 15;
+constexpr int TextLeftWithCheckBox = 255;
+
+// What the frame's border takes from the inner width: 15, 45 and 80.
 int borderAllowanceX(twBorderStyleConstants style);
-int borderAllowanceY(twBorderStyleConstants style);
 
 // The check box's top edge: the nearest whole pixel to half the free height, in twips.
 int checkBoxTop(int textHeight, int checkHeight);

@@ -1,9 +1,12 @@
 #include "shared/updownbutton.h"
 
+#include "shared/framestyle.h"
+
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleOptionButton>
+#include <QStyleOptionSpinBox>
 
 namespace Tarnwell {
 
@@ -42,23 +45,22 @@ UpDownButton::Part UpDownButton::partAt(const QPoint &pos) const
 {
     if (!rect().contains(pos))
         return NoPart;
-    return pos.y() < height() / 2 ? UpPart : DownPart;
+    return pos.y() < downTop() ? UpPart : DownPart;
 }
 
 QRect UpDownButton::partRect(Part part) const
 {
-    const int half = height() / 2;
+    const int split = downTop();
     switch (part) {
-    case UpPart: return QRect(0, 0, width(), half);
-    case DownPart: return QRect(0, half, width(), height() - half);
+    case UpPart: return QRect(0, 0, width(), split);
+    case DownPart: return QRect(0, split, width(), height() - split);
     default: return QRect();
     }
 }
 
 QSize UpDownButton::sizeHint() const
 {
-    const int extent = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    return QSize(extent, 21);
+    return QSize(FrameStyle::spinButtonWidth(this), FrameStyle::spinBoxHeight(this));
 }
 
 QSize UpDownButton::minimumSizeHint() const
@@ -66,34 +68,83 @@ QSize UpDownButton::minimumSizeHint() const
     return QSize(8, 8);
 }
 
+// The buttons are those of a spin box the size of the control they stand in, so that the style
+// draws them where and as it draws a QAbstractSpinBox's (the control draws the frame under them).
+// Alone, the button is asked of a box stretched so that its buttons fill this widget.
+void UpDownButton::initSpinOption(QStyleOptionSpinBox *option) const
+{
+    FrameStyle::initSpinBoxOption(option, this, QRect());
+    option->stepEnabled = {};
+    if (isEnabled() && m_upEnabled)
+        option->stepEnabled |= QAbstractSpinBox::StepUpEnabled;
+    if (isEnabled() && m_downEnabled)
+        option->stepEnabled |= QAbstractSpinBox::StepDownEnabled;
+    const Part active = m_pressed != NoPart ? (m_under ? m_pressed : NoPart) : m_hovered;
+    option->activeSubControls = active == UpPart     ? QStyle::SC_SpinBoxUp
+                                : active == DownPart ? QStyle::SC_SpinBoxDown
+                                                     : QStyle::SC_None;
+    if (m_pressed != NoPart && m_under)
+        option->state |= QStyle::State_Sunken;
+    if (const QWidget *control = isWindow() ? nullptr : parentWidget()) {
+        option->rect = QRect(mapFrom(control, QPoint(0, 0)), control->size());
+        const QWidget *focus = QApplication::focusWidget();
+        if (focus && (focus == control || control->isAncestorOf(focus)))
+            option->state |= QStyle::State_HasFocus;
+        return;
+    }
+    // Room for the text field, so that the box's width plays no part in the buttons' size.
+    QRect box(0, 0, width() + 4 * qMax(height(), 16), height());
+    for (int pass = 0; pass < 2; ++pass) {
+        option->rect = box;
+        const QRect buttons = style()->subControlRect(QStyle::CC_SpinBox, option, QStyle::SC_SpinBoxUp, this)
+                                  .united(style()->subControlRect(QStyle::CC_SpinBox, option, QStyle::SC_SpinBoxDown, this));
+        if (buttons.isEmpty())
+            return;
+        const int above = buttons.top() - box.top();
+        const int below = box.bottom() - buttons.bottom();
+        const int right = box.right() - buttons.right();
+        box = QRect(0, -above, box.width(), height() + above + below);
+        box.moveRight(width() - 1 + right);
+    }
+    option->rect = box;
+}
+
+int UpDownButton::downTop() const
+{
+    QStyleOptionSpinBox option;
+    initSpinOption(&option);
+    const int top = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxDown, this).top();
+    return height() < 2 ? height() / 2 : qBound(1, top, height() - 1);
+}
+
 void UpDownButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    for (Part part : {UpPart, DownPart}) {
-        QStyleOptionButton option;
-        option.initFrom(this);
-        option.rect = partRect(part);
-        if (!isPartEnabled(part))
-            option.state &= ~QStyle::State_Enabled;
-        if (m_pressed == part && m_under)
-            option.state |= QStyle::State_Sunken;
-        else
-            option.state |= QStyle::State_Raised;
-        style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+    painter.setClipRect(rect());
+    QStyleOptionSpinBox option;
+    initSpinOption(&option);
+    style()->drawComplexControl(QStyle::CC_SpinBox, &option, &painter, this);
+}
 
-        QStyleOption arrow;
-        arrow.initFrom(this);
-        if (!isPartEnabled(part))
-            arrow.state &= ~QStyle::State_Enabled;
-        const int margin = qMax(1, qMin(option.rect.width(), option.rect.height()) / 5);
-        arrow.rect = option.rect.adjusted(margin, margin, -margin, -margin);
-        if (m_pressed == part && m_under)
-            arrow.rect.translate(style()->pixelMetric(QStyle::PM_ButtonShiftHorizontal, &option, this),
-                                 style()->pixelMetric(QStyle::PM_ButtonShiftVertical, &option, this));
-        style()->drawPrimitive(part == UpPart ? QStyle::PE_IndicatorArrowUp
-                                              : QStyle::PE_IndicatorArrowDown,
-                               &arrow, &painter, this);
+bool UpDownButton::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+    case QEvent::HoverLeave: {
+        const Part hovered = event->type() == QEvent::HoverLeave
+                                 ? NoPart
+                                 : partAt(static_cast<QHoverEvent *>(event)->position().toPoint());
+        if (hovered != m_hovered) {
+            m_hovered = hovered;
+            update();
+        }
+        break;
     }
+    default:
+        break;
+    }
+    return QWidget::event(event);
 }
 
 void UpDownButton::mousePressEvent(QMouseEvent *event)

@@ -2,9 +2,11 @@
 #include <QTimer>
 #include <QWidget>
 
+class QStyleOptionSpinBox;
+
 namespace Tarnwell {
 
-// A pair of arrow buttons, up above down, drawn by the style. Pressing the upper one sets Value
+// A pair of arrow buttons, up above down, drawn by the style as a spin box's buttons. Pressing the upper one sets Value
 // to 1 and raises Change, the lower one sets Value to 0 and raises Change; held down, the press
 // repeats (first after 300 ms, then every 60 ms) while the pointer stays on that button. Setting
 // Value raises Change every time, also with the value it already holds: the owner resets Value
@@ -33,6 +35,8 @@ public:
     void setPartEnabled(Part part, bool enabled);
     bool isPartEnabled(Part part) const;
     Part partAt(const QPoint &pos) const;
+    // The part's share of the widget: the style's up button and everything above the down
+    // button, the rest for the down button.
     QRect partRect(Part part) const;
 
     QSize sizeHint() const override;
@@ -48,14 +52,19 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
+    // A spin box placed so that the style's arrow buttons of it fill this widget.
+    void initSpinOption(QStyleOptionSpinBox *option) const;
+    int downTop() const;
     void fire();
     void repeat();
     void release();
 
     int m_value = 0;
     Part m_pressed = NoPart;
+    Part m_hovered = NoPart;
     bool m_under = false; // the pointer is over the pressed part
     bool m_upEnabled = true;
     bool m_downEnabled = true;

@@ -2,6 +2,9 @@
 
 #include "shared/settingsreader.h"
 
+#include <QApplication>
+#include <QStyle>
+
 #include <cstdlib>
 
 namespace Tarnwell::UserSettings {
@@ -11,6 +14,7 @@ namespace {
 struct Cache
 {
     const SettingsStore *store = nullptr;
+    QString style; // a store without ScrollWidth reports the style's button width
     quint64 generation = 0;
     bool valid = false;
     int scrollWidth = 0;
@@ -28,7 +32,11 @@ const Cache &current()
     static Cache cache;
     const SettingsStore &store = SettingsReader::store();
     const quint64 generation = store.generation();
-    if (cache.valid && cache.store == &store && cache.generation == generation)
+    const QStyle *appStyle = qobject_cast<QApplication *>(QCoreApplication::instance())
+                                 ? QApplication::style()
+                                 : nullptr;
+    const QString style = appStyle ? appStyle->name() : QString();
+    if (cache.valid && cache.store == &store && cache.generation == generation && cache.style == style)
         return cache;
     const QString international = QStringLiteral("Control Panel\\International");
     bool ok = false;
@@ -39,6 +47,7 @@ const Cache &current()
     cache.digits = read(international, QStringLiteral("iDigits"));
     cache.currencyDigits = read(international, QStringLiteral("iCurrDigits"));
     cache.store = &store;
+    cache.style = style;
     cache.generation = generation;
     cache.valid = true;
     return cache;

@@ -2,7 +2,8 @@
 #include <QString>
 
 // The per-user settings the controls use, read through the settings reader once per process
-// and again only when the store reports a change (or another store is put in place), so that
+// and again only when the store reports a change, another store is put in place or the
+// application takes another style (whose buttons stand in for a missing ScrollWidth), so that
 // creating a control reads no file.
 namespace Tarnwell::UserSettings {
 

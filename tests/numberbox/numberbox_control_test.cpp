@@ -507,8 +507,8 @@ INSTANTIATE_TEST_SUITE_P(Bags, NumberBoxBadBags, ::testing::Values(
     BadBagCase{"SingleMaximumAboveTheType", {single, {"Maximum", 1e300}}},
     BadBagCase{"SingleIncrementAboveTheType", {single, {"Increment", 1e300}}}), rowName);
 
-// 110 x 21 pixels; a 3-D border of 2 pixels leaves 1590 x 255 twips inside. The up-down button
-// takes the ScrollWidth at the right.
+// 110 x 21 pixels; Fusion's 3-D border of 1 pixel leaves 1620 x 285 twips inside. The up-down
+// button takes the ScrollWidth at the right; the text keeps a pixel above and below.
 struct LayoutCase { const char *name; twBorderStyleConstants style; bool checkBox; QRect text1, buttons; };
 using NumberBoxLayout = NumberBoxTable<LayoutCase>;
 
@@ -522,9 +522,9 @@ TEST_P(NumberBoxLayout, UpDownTakesItsWidthAtTheRight)
 }
 
 INSTANTIATE_TEST_SUITE_P(Layout, NumberBoxLayout, ::testing::Values(
-    LayoutCase{"Fixed3D", twFixed3D, false, QRect(3, 3, 83, 12), QRect(91, 2, 17, 17)},
-    LayoutCase{"None", twNone, false, QRect(1, 1, 91, 20), QRect(93, 0, 17, 21)},
-    LayoutCase{"FixedSingleWithCheckBox", twFixedSingle, true, QRect(18, 2, 71, 16), QRect(92, 1, 17, 19)}), rowName);
+    LayoutCase{"Fixed3D", twFixed3D, false, QRect(2, 2, 85, 17), QRect(92, 1, 17, 19)},
+    LayoutCase{"None", twNone, false, QRect(1, 1, 91, 19), QRect(93, 0, 17, 21)},
+    LayoutCase{"FixedSingleWithCheckBox", twFixedSingle, true, QRect(18, 2, 71, 17), QRect(92, 1, 17, 19)}), rowName);
 
 // What a user sees of Enabled, Font and ToolTip on a box with a check box and up-down buttons:
 // the text colour Text1 paints with, which inner widgets are usable, Text1's font, and the tips

@@ -234,8 +234,9 @@ TEST_P(Colours, TextAndStripFollowEnabledAndTheColourProperties)
     EXPECT_EQ(text1.color(text1.currentColorGroup(), QPalette::Text), row.text.on(box));
     if (row.back.fixed.isValid() || row.back.role != QPalette::NoRole) {
         EXPECT_EQ(text1.color(text1.currentColorGroup(), QPalette::Base), row.back.on(box));
-        // The strip between the border and the text box.
-        EXPECT_EQ(box->grab().toImage().pixelColor(box->contentsRect().topLeft()), row.back.on(box));
+        // The strip between the text box and the border.
+        const QPoint strip(box->Text1()->geometry().right() + 2, box->height() / 2);
+        EXPECT_EQ(box->grab().toImage().pixelColor(strip), row.back.on(box));
     }
 }
 
@@ -536,15 +537,17 @@ TEST_P(Layout, BorderAndCheckBoxPlaceTheTextBox)
     EXPECT_EQ(box->Text1()->geometry(), GetParam().text);
 }
 
+// Down, the text box keeps one pixel to the inner area's top and bottom edges.
 INSTANTIATE_TEST_SUITE_P(Table, Layout, ::testing::Values(
-    // 3-D: inner 106 x 17 from (2,2); width (1590 - 80 - 15) / 15 rounds to 100.
-    LayoutRow{"Fixed3D", twFixed3D, false, 2, QRect(3, 3, 100, 12)},
-    LayoutRow{"Fixed3DWithCheckBox", twFixed3D, true, 2, QRect(19, 3, 84, 12)},
+    // 3-D, Fusion's one-pixel line-edit frame: inner 108 x 19 from (1,1); width
+    // (1620 - 80 - 15) / 15 rounds to 102.
+    LayoutRow{"Fixed3D", twFixed3D, false, 1, QRect(2, 2, 102, 17)},
+    LayoutRow{"Fixed3DWithCheckBox", twFixed3D, true, 1, QRect(18, 2, 86, 17)},
     // Single: inner 108 x 19; the text box is the inner width less 60 twips.
-    LayoutRow{"FixedSingle", twFixedSingle, false, 1, QRect(2, 2, 104, 16)},
-    LayoutRow{"FixedSingleWithCheckBox", twFixedSingle, true, 1, QRect(18, 2, 88, 16)},
-    LayoutRow{"None", twNone, false, 0, QRect(1, 1, 108, 20)},
-    LayoutRow{"NoneWithCheckBox", twNone, true, 0, QRect(17, 1, 92, 20)}), rowName);
+    LayoutRow{"FixedSingle", twFixedSingle, false, 1, QRect(2, 2, 104, 17)},
+    LayoutRow{"FixedSingleWithCheckBox", twFixedSingle, true, 1, QRect(18, 2, 88, 17)},
+    LayoutRow{"None", twNone, false, 0, QRect(1, 1, 108, 19)},
+    LayoutRow{"NoneWithCheckBox", twNone, true, 0, QRect(17, 1, 92, 19)}), rowName);
 
 TEST_F(FrameTest, NewFrameHasTheDefaultSizeAndTooSmallOneLeavesNoText)
 {

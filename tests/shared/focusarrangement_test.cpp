@@ -67,7 +67,7 @@ void key(Qt::Key k, Qt::KeyboardModifiers modifiers = {})
 
 // --- A form of buddy labels ---------------------------------------------------------------
 
-class Form : public WidgetFixture
+class FocusForm : public WidgetFixture
 {
 protected:
     void SetUp() override
@@ -106,7 +106,7 @@ protected:
 };
 
 struct FieldRow { const char *name; Kind kind; Qt::Key mnemonic; };
-class FormFields : public Form, public ::testing::WithParamInterface<FieldRow> {};
+class FormFields : public FocusForm, public ::testing::WithParamInterface<FieldRow> {};
 
 const auto fields = ::testing::Values(FieldRow{"Phone", Kind::Mask, Qt::Key_P}, FieldRow{"Amount", Kind::Number, Qt::Key_A},
                                       FieldRow{"Ordered", Kind::Date, Qt::Key_O}, FieldRow{"Booked", Kind::Time, Qt::Key_B});
@@ -161,7 +161,7 @@ TEST_P(FormFields, InputMethodQueriesAnswerForTheText)
 
 INSTANTIATE_TEST_SUITE_P(Form, FormFields, fields, rowName);
 
-TEST_F(Form, TabAndShiftTabPassEachControlOnce)
+TEST_F(FocusForm, TabAndShiftTabPassEachControlOnce)
 {
     QStringList order;
     for (int i = 0; i < 5; ++i) {
@@ -178,7 +178,7 @@ TEST_F(Form, TabAndShiftTabPassEachControlOnce)
 // With its check box shown, a control is still one block of the tab chain: its text, then the
 // check box; while the box is unticked the text is hidden and the check box stands for it.
 struct CheckTabRow { const char *name; Kind kind; bool ticked; const char *order; };
-class CheckBoxTabbing : public Form, public ::testing::WithParamInterface<CheckTabRow> {};
+class CheckBoxTabbing : public FocusForm, public ::testing::WithParamInterface<CheckTabRow> {};
 
 TEST_P(CheckBoxTabbing, TextThenCheckBox)
 {
@@ -210,7 +210,7 @@ INSTANTIATE_TEST_SUITE_P(Form, CheckBoxTabbing, ::testing::Values(
     CheckTabRow{"DateBoxUnticked", Kind::Date, false, "Check1 end start end Check1 start"}), rowName);
 
 // Ticking the box by the keyboard shows the text and puts the focus into it.
-TEST_F(Form, TickingByKeyboardFocusesTheText)
+TEST_F(FocusForm, TickingByKeyboardFocusesTheText)
 {
     ControlFrame *date = controls[size_t(Kind::Date)];
     date->setCheckBox(true);
@@ -373,7 +373,7 @@ INSTANTIATE_TEST_SUITE_P(View, ViewEditing, ::testing::Values(
     ViewRow{"TimeBoxClickAwayCommits", Kind::Time, Act::ClickAnotherCell, 1, H::NoHint}), rowName);
 
 // A data mapper submitting on its own hears of the edit when Tab leaves the control.
-TEST_F(Form, DataMapperSubmitsOnTab)
+TEST_F(FocusForm, DataMapperSubmitsOnTab)
 {
     QStandardItemModel model(1, 1);
     QDataWidgetMapper mapper;
@@ -395,7 +395,7 @@ TEST_F(Form, DataMapperSubmitsOnTab)
 // A commit is text, not keys: a Tab in it moves no focus and types nothing, Enter presses no
 // button; the rest is typed into the control that has the focus.
 struct CommitRow { const char *name; Kind kind; const char *mask; QString commit, text; };
-class ComposedControlCharacters : public Form, public ::testing::WithParamInterface<CommitRow> {};
+class ComposedControlCharacters : public FocusForm, public ::testing::WithParamInterface<CommitRow> {};
 
 TEST_P(ComposedControlCharacters, AreDroppedAndTheFocusStays)
 {

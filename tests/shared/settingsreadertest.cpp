@@ -4,8 +4,10 @@
 #include "shared/settingsreader.h"
 
 #include "common/testsupport.h"
+#include "shared/stylepeers.h"
 
 #include <QApplication>
+#include <QDoubleSpinBox>
 #include <QStyle>
 #include <QTemporaryDir>
 
@@ -85,10 +87,11 @@ TEST(FileSettingsStore, ReadsTypedValuesAndReportsScrollWidth)
     SettingsReader::setStore(&file);
 
     const QString metrics = QStringLiteral("Control Panel\\Desktop\\WindowMetrics");
-    const int extent = qApp->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QDoubleSpinBox spin;
+    const int extent = Peers::upButtonRect(spin).width();
     EXPECT_EQ(SettingsReader::getRegValue(hkcu, metrics, QStringLiteral("ScrollWidth")).toString(),
               QString::number(-extent * 15))
-        << "no file: the style's extent in negative twips";
+        << "no file: the width of a spin box's buttons in negative twips";
 
     file.setValue(hkcu, intl, QStringLiteral("iDigits"), SettingsStore::RegSz, QByteArray("3\0", 2));
     file.setValue(hkcu, intl, QStringLiteral("sList"), SettingsStore::RegSz, QByteArray("a, b\0", 5));
