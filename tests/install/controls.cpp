@@ -1,5 +1,5 @@
-// The four controls and their common frame, set up and read back as a form would, with events
-// connected by member-function pointer and properties written by name.
+// The four controls, their common frame and the value controls' base, set up and read back as a
+// form would, with events connected by member-function pointer and properties written by name.
 #include "consumer.h"
 
 #include <tarnwell/constants.h>
@@ -9,6 +9,7 @@
 #include <tarnwell/numberbox.h>
 #include <tarnwell/propertybag.h>
 #include <tarnwell/timebox.h>
+#include <tarnwell/valuebox.h>
 #include <tarnwell/variant.h>
 
 #include <QApplication>
@@ -132,6 +133,13 @@ void useNumberBox(QWidget *form)
               && box->NegativeDisabledColor().value() == 0x8080FF && box->UseNegativeColor()
               && !box->Text().isEmpty(),
           "NumberBox: settings and value");
+    // The stepping every value control shares.
+    ValueBox &stepping = *box;
+    check(stepping.stepEnabled() == (ValueBox::StepUpEnabled | ValueBox::StepDownEnabled), "ValueBox: both steps");
+    stepping.stepUp();
+    check(box->Value().value<Decimal>() == Decimal::fromInt64(13), "ValueBox: step up by the increment");
+    stepping.stepDown();
+    check(box->Value().value<Decimal>() == Decimal::parse(QStringLiteral("12.5")), "ValueBox: step down");
     checkError(382, "NumberBox: MaxDecimalPlaces is read-only at run time", [] { NumberBox().setMaxDecimalPlaces(4); });
     checkError(380, "NumberBox: currency position out of range",
                [] { NumberBox().setShowCurrencySymbol(twCurrencyPositionConstants(3)); });
