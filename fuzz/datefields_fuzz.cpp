@@ -126,10 +126,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     Date maximum = DateFields::MaximumDate;
     if (header & 0x80) {
         // A day count spread over the whole range; the bounds may cross.
-        minimum = Date(Date::MinSerial + in.next16() * 47.0);
-        maximum = Date(Date::MinSerial + in.next16() * 47.0);
+        minimum = Date(DateFields::MinimumDate.serial() + in.next16() * 47.0);
+        maximum = Date(DateFields::MinimumDate.serial() + in.next16() * 47.0);
     }
-    const Date today(Date::MinSerial + in.next16() * 47.0);
+    const Date today(DateFields::MinimumDate.serial() + in.next16() * 47.0);
 
     const DateFields fields(format, separator, QLocale::c());
     const MaskEngine engine(fields.editMask().value_or(QStringLiteral("##/##/####")));
@@ -159,7 +159,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         case 7: {
             // A value set from outside, as focus-in writes it.
             const QString shown = engine.formatMaskValue(
-                fields.dateToEditDigits(Date(Date::MinSerial + in.next16() * 47.0)));
+                fields.dateToEditDigits(Date(DateFields::MinimumDate.serial() + in.next16() * 47.0)));
             if (fields.isKnownFormat() && shown.isEmpty())
                 fail("edit digits do not fit the mask", c);
             if (!shown.isEmpty())

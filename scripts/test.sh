@@ -2,18 +2,20 @@
 # Installs what is missing, then builds and runs everything that guards the library:
 #   tests      the test suites (build/)
 #   sanitize   the same suites under AddressSanitizer and UndefinedBehaviorSanitizer (build-sanitize/)
+#   install    the library of build/ installed into a fresh prefix, and a client project
+#              (tests/install/) built against that prefix alone and run (build-install/)
 #   fuzz       every libFuzzer target for FUZZ_SECONDS each on a scratch copy of its corpus,
 #              built with clang (build-fuzz/)
 #   bench      the benchmarks are compiled (not run) so that they cannot rot
-# Environment: PHASES (default "tests sanitize fuzz bench"), FUZZ_SECONDS (default 60),
+# Environment: PHASES (default "tests sanitize install fuzz bench"), FUZZ_SECONDS (default 60),
 # BUILD_ROOT (where the build directories go, default the repository root), JOBS.
-# Ends with the line "N passed, N failed" counting test suites and fuzz targets; exits non-zero
-# when anything failed or did not build.
+# Ends with the line "N passed, N failed" counting test suites, the install check and fuzz
+# targets; exits non-zero when anything failed or did not build.
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
-phases=" ${PHASES:-tests sanitize fuzz bench} "
+phases=" ${PHASES:-tests sanitize install fuzz bench} "
 fuzz_seconds=${FUZZ_SECONDS:-60}
 build_root=${BUILD_ROOT:-.}
 case $build_root in /*) ;; *) build_root=$root/$build_root ;; esac
@@ -55,6 +57,14 @@ run_suites() {
 
 build() { JOBS=$jobs bash scripts/build.sh "$@"; }
 
+# Removes from `prefix` every file that the install recorded in `manifest` did not write.
+prune_stale() {
+  local prefix=$1 manifest=$2 file
+  while IFS= read -r file; do
+    grep -qxF "$file" "$manifest" || rm -f "$file"
+  done < <(find "$prefix" \( -type f -o -type l \))
+}
+
 if wants tests; then
   banner "tests (build/)"
   if build "$build_root/build" -DCMAKE_BUILD_TYPE=Debug -DTARNWELL_BUILD_TESTS=ON \
@@ -77,6 +87,25 @@ if wants sanitize; then
       run_suites sanitize "$build_root/build-sanitize"
   else
     record_failure "sanitize: build failed"
+  fi
+fi
+
+if wants install; then
+  banner "install (build/ into build-install/prefix, client in build-install/client)"
+  # Reuses build/: only the shared library is (re)built. Files the install leaves unchanged keep
+  # their times, so the client recompiles only what changed; whatever an earlier install left that
+  # this one did not write is removed, so the client cannot find a header that is gone.
+  install_dir=$build_root/build-install
+  if build "$build_root/build" -- Tarnwell \
+     && cmake --install "$build_root/build" --prefix "$install_dir/prefix" >/dev/null \
+     && prune_stale "$install_dir/prefix" "$build_root/build/install_manifest.txt" \
+     && cmake -S tests/install -B "$install_dir/client" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+          -DCMAKE_PREFIX_PATH="$install_dir/prefix" >/dev/null \
+     && cmake --build "$install_dir/client" -j "$jobs" \
+     && QT_QPA_PLATFORM=offscreen "$install_dir/client/tarnwell-consumer"; then
+    passed=$((passed + 1))
+  else
+    record_failure "install: a client of the installed package did not build or run"
   fi
 fi
 

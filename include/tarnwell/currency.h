@@ -38,10 +38,10 @@ public:
     double toDouble() const;
     Decimal toDecimal() const;
 
-    friend Currency operator+(Currency a, Currency b);
-    friend Currency operator-(Currency a, Currency b);
-    friend Currency operator-(Currency a);
-    friend Currency operator*(Currency a, std::int64_t factor);
+    friend TARNWELL_EXPORT Currency operator+(Currency a, Currency b);
+    friend TARNWELL_EXPORT Currency operator-(Currency a, Currency b);
+    friend TARNWELL_EXPORT Currency operator-(Currency a);
+    friend TARNWELL_EXPORT Currency operator*(Currency a, std::int64_t factor);
     friend constexpr bool operator==(Currency a, Currency b) = default;
     friend constexpr std::strong_ordering operator<=>(Currency a, Currency b) = default;
 

@@ -12,12 +12,12 @@ namespace Tarnwell {
 
 // The host's date: days since 30 December 1899 in the integer part, the time of day in the
 // fraction. Before the epoch the integer part counts back and the fraction still counts forward
-// (-1.25 is 29 December 1899, 06:00). Valid from 1 January 1601 (-109205) to 31 December 9999
-// (2958465).
+// (-1.25 is 29 December 1899, 06:00). Valid from 1 January 100 (-657434) to 31 December 9999
+// (2958465); years 0 to 99 are not reachable, since a two-digit year always means 1930 to 2029.
 class TARNWELL_EXPORT Date
 {
 public:
-    static constexpr double MinSerial = -109205.0; //  1 January 1601
+    static constexpr double MinSerial = -657434.0; //  1 January 100
     static constexpr double MaxSerial = 2958465.0; // 31 December 9999
 
     constexpr Date() = default;
@@ -32,6 +32,8 @@ public:
     static Date fromHms(int hour, int minute, int second);
     static Date fromQDateTime(const QDateTime &dateTime);
     static Date fromQDate(const QDate &date);
+    // A time of day on day 0 (30 December 1899), to the millisecond.
+    static Date fromQTime(const QTime &time);
 
     QDateTime toQDateTime() const;
     QDate toQDate() const;

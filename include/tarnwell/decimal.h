@@ -54,13 +54,13 @@ public:
     // Error(6) when the value, rounded half to even to an integer, leaves the int64 range.
     std::int64_t toInt64() const;
 
-    friend Decimal operator+(const Decimal &a, const Decimal &b);
-    friend Decimal operator-(const Decimal &a, const Decimal &b);
-    friend Decimal operator-(const Decimal &a);
-    friend Decimal operator*(const Decimal &a, std::int64_t factor);
+    friend TARNWELL_EXPORT Decimal operator+(const Decimal &a, const Decimal &b);
+    friend TARNWELL_EXPORT Decimal operator-(const Decimal &a, const Decimal &b);
+    friend TARNWELL_EXPORT Decimal operator-(const Decimal &a);
+    friend TARNWELL_EXPORT Decimal operator*(const Decimal &a, std::int64_t factor);
     // Numeric comparison: 1.50 == 1.5, -0 == 0.
-    friend bool operator==(const Decimal &a, const Decimal &b);
-    friend std::strong_ordering operator<=>(const Decimal &a, const Decimal &b);
+    friend TARNWELL_EXPORT bool operator==(const Decimal &a, const Decimal &b);
+    friend TARNWELL_EXPORT std::strong_ordering operator<=>(const Decimal &a, const Decimal &b);
 
 private:
     std::uint32_t m_lo = 0, m_mid = 0, m_hi = 0;

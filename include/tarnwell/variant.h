@@ -14,7 +14,8 @@ namespace Tarnwell {
 // Double double, Boolean bool, String QString, Currency, Decimal and Date their own types.
 // Conversions throw Error(13) for a value that is not a number (or date) and Error(6) when the
 // result does not fit; numeric texts may carry blanks around them and the locale's grouping and
-// decimal characters. Empty converts to 0 (or the empty string); Null is a type mismatch.
+// decimal characters. Empty converts to 0 (or the empty string); Null is a type mismatch. Qt's
+// QDate, QDateTime and QTime are dates (a QTime a time of day on day 0); a null one holds none.
 class TARNWELL_EXPORT Variant
 {
 public:

@@ -44,9 +44,9 @@ QVariant colorValue(OleColor color)
     return QVariant(qint32(color.value()));
 }
 
-QVariant dateValue(double serial)
+QVariant dateValue(Date date)
 {
-    return QVariant::fromValue(Date(serial));
+    return QVariant::fromValue(date);
 }
 
 } // namespace
@@ -61,8 +61,8 @@ void DateBox::InitProperties()
     m_displayFormat = DefaultDisplayFormat;
     assignUpDown(true);
     assignInterceptArrowKeys(false);
-    m_picker->setMinDate(Date(Date::MinSerial));
-    m_picker->setMaxDate(Date(Date::MaxSerial));
+    m_picker->setMinDate(DateFields::MinimumDate);
+    m_picker->setMaxDate(DateFields::MaximumDate);
     for (const CalendarColor &c : calendarColors)
         m_picker->setCalendarColor(c.part, c.defaultColor);
     m_calendarFont.reset();
@@ -117,12 +117,12 @@ void DateBox::ReadProperties(PropertyBag &bag)
             applyBorder();
             refreshDisplay();
         })
-        .key(BagKey::Maximum, dateValue(Date::MaxSerial), date,
+        .key(BagKey::Maximum, dateValue(DateFields::MaximumDate), date,
              [&](const QVariant &v) {
                  maximum = v;
                  bound(true, v);
              })
-        .key(BagKey::Minimum, dateValue(Date::MinSerial), date,
+        .key(BagKey::Minimum, dateValue(DateFields::MinimumDate), date,
              [&](const QVariant &v) {
                  bound(false, v);
                  if (m_picker->MaxDate() != maximum.value<Date>())
@@ -180,8 +180,8 @@ void DateBox::WriteProperties(PropertyBag &bag) const
                           colorValue(c.defaultColor));
     CommonProperties::write(*this, bag, {K::MouseIcon, K::MousePointer, K::Alignment, K::Locked,
                                          K::SelectTextOnFocus});
-    bag.WriteProperty(BagKey::Maximum, QVariant::fromValue(Maximum()), dateValue(Date::MaxSerial));
-    bag.WriteProperty(BagKey::Minimum, QVariant::fromValue(Minimum()), dateValue(Date::MinSerial));
+    bag.WriteProperty(BagKey::Maximum, QVariant::fromValue(Maximum()), dateValue(DateFields::MaximumDate));
+    bag.WriteProperty(BagKey::Minimum, QVariant::fromValue(Minimum()), dateValue(DateFields::MinimumDate));
     bag.WriteProperty(BagKey::CalendarFont, CalendarFont(), ambientFont());
     CommonProperties::write(*this, bag, {K::NullIfEmpty, K::ToolTip, K::CheckBox, K::Checked,
                                          K::DisabledColor, K::ForeColor, K::EnterAsTab});

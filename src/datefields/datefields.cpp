@@ -88,7 +88,7 @@ static_assert([] {
     return true;
 }(), "every step table starts at caret 0 and ascends");
 
-// The years of Date::MinSerial and Date::MaxSerial.
+// The years of the calendar's range: no DateBox holds a date outside them.
 constexpr int FirstYear = 1601;
 constexpr int LastYear = 9999;
 
@@ -261,7 +261,7 @@ DateFields::Reading DateFields::parseEditText(QStringView text, Date minimum, Da
     // three digits long, a month 13) never costs the construction's overflow error.
     if (month.value < 1 || month.value > 12 || day.value < 1 || day.value > 31)
         return {State::Invalid, Reason::NoSuchDay, Date()};
-    // Years 0-99 are windowed into the date type's range; the rest must lie in it already.
+    // Years 0-99 are windowed into the calendar's range; the rest must lie in it already.
     if (year.value < 0 || (year.value >= 100 && (year.value < FirstYear || year.value > LastYear)))
         return {State::Invalid, Reason::Unrepresentable, Date()};
     const std::optional<Date> date = buildDate(year.value, month.value, day.value);

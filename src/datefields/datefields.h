@@ -3,6 +3,8 @@
 #include <tarnwell/date.h>
 #include <tarnwell/global.h>
 
+#include "platform/calendarrange.h"
+
 #include <QChar>
 #include <QLocale>
 #include <QString>
@@ -45,7 +47,7 @@ public:
         NotANumber,      // Intermediate: a field does not read as a number
         FieldOverflow,   // a field reads as a number outside the 16-bit range
         NoSuchDay,       // the month or the day does not survive the date's construction
-        Unrepresentable, // the built date is outside the years the date type holds
+        Unrepresentable, // the built date is outside the years the calendar holds
         BeforeMinimum,
         AfterMaximum,
         UnknownFormat,   // no field positions at all
@@ -77,8 +79,8 @@ public:
 
     // The range of the date picker the box keeps its bounds in, and the defaults of Minimum and
     // Maximum.
-    static constexpr Date MinimumDate{Date::MinSerial};
-    static constexpr Date MaximumDate{Date::MaxSerial};
+    static constexpr Date MinimumDate = CalendarRange::First;
+    static constexpr Date MaximumDate = CalendarRange::Last;
 
     // twDayMonthYear with "/".
     DateFields();

@@ -16,7 +16,7 @@ namespace {
 constexpr std::int64_t SecondsPerDay = 86400;
 // The host's day 0 (30 December 1899) counted from 1 January 1970.
 constexpr std::int64_t EpochOffset = -25569;
-constexpr std::int64_t MinDay = -109205;
+constexpr std::int64_t MinDay = -657434;
 constexpr std::int64_t MaxDay = 2958465;
 // QDate's Julian day number of the host's day 0.
 constexpr qint64 EpochJulianDay = 2415019;
@@ -65,7 +65,7 @@ constexpr Civil civilFromDays(std::int64_t z)
 
 static_assert(daysFromCivil(1970, 1, 1) == 0);
 static_assert(daysFromCivil(1899, 12, 30) == EpochOffset);
-static_assert(daysFromCivil(1601, 1, 1) - EpochOffset == MinDay);
+static_assert(daysFromCivil(100, 1, 1) - EpochOffset == MinDay);
 static_assert(daysFromCivil(9999, 12, 31) - EpochOffset == MaxDay);
 static_assert(civilFromDays(EpochOffset).year == 1899 && civilFromDays(EpochOffset).day == 30);
 static_assert(civilFromDays(MaxDay + EpochOffset).month == 12);
@@ -448,7 +448,7 @@ std::optional<Date> parseText(QStringView text, const QLocale &locale)
     year = windowYear(year);
     if (month < 1 || month > 12 || day < 1 || day > monthLength(year, month))
         return std::nullopt;
-    if (year < 1601 || year > 9999)
+    if (year < 100 || year > 9999)
         return std::nullopt;
     const std::int64_t serial = daysFromCivil(year, unsigned(month), unsigned(day)) - EpochOffset;
     return Date(joinSeconds(serial, time.present ? time.seconds : 0));
@@ -485,6 +485,13 @@ Date Date::fromQDate(const QDate &date)
     if (day < MinDay || day > MaxDay)
         throw Error(Error::Overflow);
     return Date(double(day));
+}
+
+Date Date::fromQTime(const QTime &time)
+{
+    if (!time.isValid())
+        throw Error(Error::TypeMismatch);
+    return Date(double(time.msecsSinceStartOfDay()) / (SecondsPerDay * 1000.0));
 }
 
 Date Date::fromQDateTime(const QDateTime &dateTime)

@@ -192,6 +192,24 @@ QString dateText(const Date &date, const QLocale &locale)
     return out;
 }
 
+bool isQtDate(int id)
+{
+    return id == QMetaType::QDate || id == QMetaType::QDateTime || id == QMetaType::QTime;
+}
+
+// Qt's own date and time types as dates, a QTime as a time of day on day 0; nothing for any other
+// type. A null one holds no date (Error(13)), a year outside 100..9999 does not fit (Error(6)).
+std::optional<Date> fromQtDate(const QVariant &v)
+{
+    switch (v.metaType().id()) {
+    case QMetaType::QDate: return Date::fromQDate(*static_cast<const QDate *>(v.constData()));
+    case QMetaType::QDateTime:
+        return Date::fromQDateTime(*static_cast<const QDateTime *>(v.constData()));
+    case QMetaType::QTime: return Date::fromQTime(*static_cast<const QTime *>(v.constData()));
+    default: return std::nullopt;
+    }
+}
+
 // Registers `convert` for From -> To; a conversion that fails (throws) reports failure to Qt
 // instead of letting the error into its event loop.
 // The converters live in this library: they are removed again when it is unloaded, so Qt's
@@ -230,6 +248,15 @@ void addConverter(Fn convert)
         from, to);
     if (added)
         registeredConverters().pairs.append({from, to});
+}
+
+// A serial outside the date range has no Qt counterpart: the conversion fails.
+template<typename QtType>
+QtType validQt(const QtType &value)
+{
+    if (!value.isValid())
+        throw Error(Error::Overflow);
+    return value;
 }
 
 } // namespace
@@ -286,6 +313,13 @@ bool Variant::isDate(const QVariant &v, const QLocale &locale)
     const int id = v.metaType().id();
     if (id == qMetaTypeId<Date>())
         return true;
+    if (isQtDate(id)) {
+        try {
+            return fromQtDate(v).has_value();
+        } catch (const Error &) {
+            return false; // a null one, or a year the date type does not hold
+        }
+    }
     if (id == QMetaType::QString)
         return Date::isDateText(textOf(v), locale);
     return false;
@@ -380,6 +414,8 @@ Date Variant::toDate(const QVariant &v, const QLocale &locale)
     const int id = v.metaType().id();
     if (id == qMetaTypeId<Date>())
         return v.value<Date>();
+    if (const std::optional<Date> qtDate = fromQtDate(v))
+        return *qtDate;
     if (id == QMetaType::QString) {
         if (const std::optional<Date> parsed = Date::parse(textOf(v), locale))
             return *parsed;
@@ -527,6 +563,13 @@ void Variant::registerTypes()
                 return *parsed;
             throw Error(Error::TypeMismatch);
         });
+        // Qt's date types both ways, so that a QDate written by name reaches a Date property.
+        addConverter<QDate, Date>([](const QDate &d) { return Date::fromQDate(d); });
+        addConverter<QDateTime, Date>([](const QDateTime &d) { return Date::fromQDateTime(d); });
+        addConverter<QTime, Date>([](const QTime &t) { return Date::fromQTime(t); });
+        addConverter<Date, QDate>([](const Date &v) { return validQt(v.toQDate()); });
+        addConverter<Date, QDateTime>([](const Date &v) { return validQt(v.toQDateTime()); });
+        addConverter<Date, QTime>([](const Date &v) { return validQt(v.toQTime()); });
         addConverter<Date, double>([](const Date &v) { return v.serial(); });
         addConverter<double, Date>([](const double &d) {
             if (!Date::isValidSerial(d))

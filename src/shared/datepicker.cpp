@@ -72,7 +72,7 @@ Date wholeDay(Date date)
     if (!Date::isValidSerial(date.serial()))
         throw Error(Error::InvalidPropertyValue);
     const Date day = date.datePart();
-    if (day < Date(Date::MinSerial) || day > Date(Date::MaxSerial))
+    if (day < CalendarRange::First || day > CalendarRange::Last)
         throw Error(Error::InvalidPropertyValue);
     return day;
 }

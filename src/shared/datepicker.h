@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include "platform/calendarrange.h"
+
 #include <array>
 
 class QCalendarWidget;
@@ -116,8 +118,8 @@ private:
     bool isCloseKey(const QKeyEvent *event) const;
 
     Date m_value;
-    Date m_min{Date::MinSerial};
-    Date m_max{Date::MaxSerial};
+    Date m_min{CalendarRange::First};
+    Date m_max{CalendarRange::Last};
     std::array<OleColor, ColorPartCount> m_colors{OleColor::WindowBackground, OleColor::ButtonText,
                                                   OleColor::ButtonFace, OleColor::ButtonText,
                                                   OleColor::GrayText};

@@ -93,5 +93,62 @@ INSTANTIATE_TEST_SUITE_P(DateBox, Sets, ::testing::Values(
     SetRow{"RangeNotCheckedAgain", [](DateBox &b) { b.setMaximum(ymd(2023, 1, 1)); b.setMinimum(ymd(2030, 1, 1)); }, 0, "2024-01-10", 0}),
     TestSupport::rowName);
 
+// Values on a box with its default range, the calendar's 1601..9999, inside the date type's wider
+// one: a date of the type that the calendar does not hold is out of range, not an error.
+struct WideRow { const char *name; QVariant value; int error; const char *shown; };
+class WideValues : public DateBoxTest, public ::testing::WithParamInterface<WideRow> {};
+
+TEST_P(WideValues, ConvertThenCheckTheRange)
+{
+    const WideRow &row = GetParam();
+    box->setValue(QVariant::fromValue(ymd(2024, 1, 10)));
+    changes->clear();
+    EXPECT_EQ(TestSupport::errorOf([&] { box->setValue(row.value); }), row.error);
+    EXPECT_EQ(QStringList({value(), QString::number(changes->count())}),
+              QStringList({row.shown, row.error ? "0" : "1"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(DateBox, WideValues, ::testing::Values(
+    WideRow{"QDate", QDate(2024, 3, 7), 0, "2024-03-07"},
+    WideRow{"QDateTime", QDateTime(QDate(2024, 3, 7), QTime(18, 30)), 0, "2024-03-07"},
+    WideRow{"FirstDayOfTheCalendar", QDate(1601, 1, 1), 0, "1601-01-01"},
+    WideRow{"QDateBeforeTheCalendar", QDate(1600, 12, 31), 0, "Empty"},
+    WideRow{"DateBeforeTheCalendar", QVariant::fromValue(Date(-109206.0)), 0, "Empty"},
+    WideRow{"SerialBeforeTheCalendar", -109206.0, 0, "Empty"},
+    WideRow{"TextBeforeTheCalendar", QString("12/31/1600"), 0, "Empty"},
+    WideRow{"FirstDayOfTheType", QDate(100, 1, 1), 0, "Empty"},
+    WideRow{"BeforeTheType", QDate(99, 12, 31), 6, "2024-01-10"},
+    WideRow{"NullQDate", QDate(), 13, "2024-01-10"}),
+    TestSupport::rowName);
+
+// Minimum and Maximum written by name, as a host, a mapper or Qt Designer writes them: Qt's date
+// types reach the setter; a bound the calendar refuses is dropped silently and still reported.
+struct BoundRow { const char *name, *property; QVariant written; bool reached; const char *range; };
+class BoundsByName : public DateBoxTest, public ::testing::WithParamInterface<BoundRow> {};
+
+TEST_P(BoundsByName, ReachTheSetterAndAreReported)
+{
+    const BoundRow &row = GetParam();
+    QSignalSpy reported(box, &DateBox::PropertyChanged);
+    EXPECT_EQ(box->setProperty(row.property, row.written), row.reached);
+    EXPECT_EQ(show(QVariant::fromValue(box->Minimum())) + ".." + show(QVariant::fromValue(box->Maximum())), row.range);
+    EXPECT_EQ(box->isDirty(row.property), row.reached);
+    EXPECT_EQ(reported.count(), row.reached ? 1 : 0);
+    if (row.reached) {
+        EXPECT_EQ(reported.at(0).at(0).toString(), row.property);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(DateBox, BoundsByName, ::testing::Values(
+    BoundRow{"MinimumQDate", "Minimum", QDate(2000, 1, 1), true, "2000-01-01..9999-12-31"},
+    BoundRow{"MaximumQDateTime", "Maximum", QDateTime(QDate(2030, 6, 30), QTime(12, 0)), true, "1601-01-01..2030-06-30"},
+    BoundRow{"MaximumQTimeIsDayZero", "Maximum", QTime(12, 0), true, "1601-01-01..1899-12-30"},
+    BoundRow{"MinimumQDateBeforeTheCalendarDropped", "Minimum", QDate(1600, 6, 1), true, "1601-01-01..9999-12-31"},
+    BoundRow{"MinimumDateBeforeTheCalendarDropped", "Minimum", QVariant::fromValue(Date(-109419.0)), true, "1601-01-01..9999-12-31"},
+    BoundRow{"MaximumBeforeTheCalendarDropped", "Maximum", QDate(1000, 1, 1), true, "1601-01-01..9999-12-31"},
+    BoundRow{"MinimumBeforeTheTypeNeverConverts", "Minimum", QDate(99, 1, 1), false, "1601-01-01..9999-12-31"},
+    BoundRow{"MinimumNullQDateNeverConverts", "Minimum", QDate(), false, "1601-01-01..9999-12-31"}),
+    TestSupport::rowName);
+
 } // namespace
 } // namespace Tarnwell

@@ -18,7 +18,7 @@ TEST_P(EveryDay, RoundTripsThroughTheMask)
     const DateFields fields(GetParam(), QLatin1Char('-'));
     const MaskEngine engine(fields.editMask().value());
     QString digits;
-    for (auto day = qint64(Date::MinSerial); day <= qint64(Date::MaxSerial); ++day) {
+    for (auto day = qint64(DateFields::MinimumDate.serial()); day <= qint64(DateFields::MaximumDate.serial()); ++day) {
         const Date date{double(day)};
         fields.dateToEditDigits(date, digits);
         const QString shown = engine.formatMaskValue(digits);

@@ -21,22 +21,27 @@ namespace {
 
 std::string text(const Date::Parts &p) { return testing::PrintToString(p); }
 
+// Every day of the type's range, 1 January 100 to 31 December 9999, against QDate's own calendar
+// (proleptic Gregorian, as the host's), stepped one day at a time, and the weekdays cycling on.
 TEST(DateCalendar, EveryDayRoundTripsAndAgreesWithQDate)
 {
-    const QDate epoch(1899, 12, 30);
-    ASSERT_EQ(Date(Date::MinSerial).parts(), (Date::Parts{1601, 1, 1, 0, 0, 0}));
-    for (auto day = qint64(Date::MinSerial); day <= qint64(Date::MaxSerial); ++day) {
+    ASSERT_EQ(Date(Date::MinSerial).parts(), (Date::Parts{100, 1, 1, 0, 0, 0}));
+    ASSERT_EQ(Date(Date::MaxSerial).parts(), (Date::Parts{9999, 12, 31, 0, 0, 0}));
+    QDate expected = QDate(1899, 12, 30).addDays(qint64(Date::MinSerial));
+    int weekday = expected.dayOfWeek() % 7 + 1; // Sunday is 1 for the host, 7 for QDate
+    for (auto day = qint64(Date::MinSerial); day <= qint64(Date::MaxSerial);
+         ++day, expected = expected.addDays(1), weekday = weekday % 7 + 1) {
         const Date date{double(day)};
         const Date::Parts p = date.parts();
-        const QDate expected = epoch.addDays(day);
-        if (p.year != expected.year() || p.month != expected.month() || p.day != expected.day()) {
+        int y = 0, m = 0, d = 0;
+        expected.getDate(&y, &m, &d);
+        if (p.year != y || p.month != m || p.day != d) {
             FAIL() << "serial " << day << " gave " << text(p);
         }
         if (Date::fromYmd(p.year, p.month, p.day).serial() != double(day)) {
             FAIL() << "fromYmd of " << text(p) << " did not give back " << day;
         }
-        // Sunday is 1 for the host, 7 for QDate.
-        if (date.dayOfWeek() != expected.dayOfWeek() % 7 + 1) {
+        if (date.dayOfWeek() != weekday) {
             FAIL() << "weekday of " << text(p);
         }
     }
@@ -63,9 +68,13 @@ INSTANTIATE_TEST_SUITE_P(Table, DateFromYmd, testing::Values(
     YmdCase{"Day366", 2023, 1, 366, ymd(2024, 1, 1)}, YmdCase{"Year0Is2000", 0, 1, 1, ymd(2000, 1, 1)},
     YmdCase{"Year30Is1930", 30, 6, 1, ymd(1930, 6, 1)}, YmdCase{"Year99Is1999", 99, 12, 31, ymd(1999, 12, 31)},
     YmdCase{"Year99Month13", 99, 13, 1, ymd(2000, 1, 1)},
-    YmdCase{"DayBeforeFirst", 1600, 12, 31, 0, 6}, YmdCase{"YearAfterLast", 10000, 1, 1, 0, 6},
-    YmdCase{"DayAfterLast", 9999, 12, 32, 0, 6}, YmdCase{"DayZeroOfFirst", 1601, 1, 0, 0, 6},
-    YmdCase{"Year100", 100, 1, 1, 0, 6}, YmdCase{"NegativeYear", -5, 1, 1, 0, 6},
+    YmdCase{"Year100IsItself", 100, 1, 1, -657434}, YmdCase{"LastDayOf1600", 1600, 12, 31, -109206},
+    YmdCase{"Leap1600", 1600, 2, 29, -109512}, YmdCase{"NoLeap1700", 1700, 2, 29, -72987},
+    YmdCase{"MonthBackIntoYear100", 101, -11, 1, -657434}, YmdCase{"DayBackIntoYear100", 101, 1, -364, -657434},
+    YmdCase{"Year99Month0IsDecember1998", 99, 0, 1, 36130},
+    YmdCase{"DayZeroOfFirst", 100, 1, 0, 0, 6}, YmdCase{"MonthZeroOfFirst", 100, 0, 31, 0, 6},
+    YmdCase{"YearAfterLast", 10000, 1, 1, 0, 6}, YmdCase{"DayAfterLast", 9999, 12, 32, 0, 6},
+    YmdCase{"NegativeYear", -5, 1, 1, 0, 6}, YmdCase{"NegativeYearRollsForward", -1, 13, 1, 0, 6},
     YmdCase{"HugeDay", 2024, 1, 2147483647, 0, 6}, YmdCase{"HugeYearAndMonth", 2147483647, 2147483647, 1, 0, 6}),
     rowName);
 
@@ -87,7 +96,10 @@ INSTANTIATE_TEST_SUITE_P(Table, DateParts, testing::Values(
     SerialCase{"Evening", 45358.75, {2024, 3, 7, 18, 0, 0}},
     SerialCase{"LastSecond", 2958465 + 86399.0 / 86400, {9999, 12, 31, 23, 59, 59}},
     SerialCase{"PastTheEndClamps", 2958465.9999999999, {9999, 12, 31, 23, 59, 59}},
-    SerialCase{"FarBelowClamps", -1e300, {1601, 1, 1, 0, 0, 0}},
+    SerialCase{"FarBelowClamps", -1e300, {100, 1, 1, 0, 0, 0}},
+    SerialCase{"FirstDayEvening", -657434.75, {100, 1, 1, 18, 0, 0}},
+    SerialCase{"DayBeforeFirstClamps", -657435.5, {100, 1, 1, 0, 0, 0}},
+    SerialCase{"Before1601", -109206.5, {1600, 12, 31, 12, 0, 0}},
     SerialCase{"NaNReadsAsZero", std::numeric_limits<double>::quiet_NaN(), {1899, 12, 30, 0, 0, 0}}), rowName);
 
 struct HmsCase { const char *name; int h, n, s; Date::Parts parts; };
@@ -130,15 +142,31 @@ TEST_P(DateQt, RoundTripsThroughQDateTime)
 INSTANTIATE_TEST_SUITE_P(Table, DateQt, testing::Values(
     QtCase{"BeforeEpoch", QDateTime(QDate(1899, 12, 29), QTime(6, 0))},
     QtCase{"LastSecondOfADay", QDateTime(QDate(2024, 3, 7), QTime(23, 59, 59))},
-    QtCase{"FirstDay", QDateTime(QDate(1601, 1, 1), QTime(0, 0, 1))},
+    QtCase{"FirstDay", QDateTime(QDate(100, 1, 1), QTime(0, 0, 1))},
+    QtCase{"Year1000", QDateTime(QDate(1000, 6, 15), QTime(23, 59, 59))},
+    QtCase{"LastDayOf1600", QDateTime(QDate(1600, 12, 31), QTime(12, 0))},
     QtCase{"Before1800", QDateTime(QDate(1750, 7, 4), QTime(12, 34, 56))}), rowName);
 
 TEST(DateQtEdges, SerialOfATimeBeforeTheEpochAndRefusals)
 {
     EXPECT_DOUBLE_EQ(Date::fromQDateTime(QDateTime(QDate(1899, 12, 29), QTime(6, 0))).serial(), -1.25);
     EXPECT_ERROR(Date::fromQDate(QDate()), 13);
-    EXPECT_ERROR(Date::fromQDate(QDate(1600, 12, 31)), 6);
+    EXPECT_ERROR(Date::fromQDate(QDate(99, 12, 31)), 6);
+    EXPECT_ERROR(Date::fromQDate(QDate(10000, 1, 1)), 6);
+    EXPECT_ERROR(Date::fromQDateTime(QDateTime(QDate(99, 12, 31), QTime(23, 59))), 6);
+    EXPECT_EQ(Date::fromQDate(QDate(100, 1, 1)).serial(), Date::MinSerial);
+    EXPECT_FALSE(Date(Date::MinSerial - 1).toQDate().isValid());
     EXPECT_FALSE(Date(std::numeric_limits<double>::infinity()).toQDate().isValid());
+}
+
+// A QTime is a time of day on day 0, to the millisecond.
+TEST(DateQtEdges, TimeIsTheFractionOfDayZero)
+{
+    EXPECT_EQ(Date::fromQTime(QTime(18, 0)).serial(), 0.75);
+    EXPECT_EQ(Date::fromQTime(QTime(0, 0)).serial(), 0.0);
+    EXPECT_DOUBLE_EQ(Date::fromQTime(QTime(0, 0, 0, 864)).serial(), 0.00001);
+    EXPECT_EQ(Date::fromQTime(QTime(23, 59, 59)).toQTime(), QTime(23, 59, 59));
+    EXPECT_ERROR(Date::fromQTime(QTime()), 13);
 }
 
 TEST(DateClock, PinnedClockGivesTodayAndNow)
@@ -189,9 +217,17 @@ INSTANTIATE_TEST_SUITE_P(Table, DateParse, testing::Values(
     ParseCase{"YearFirst", "en_US", "2024-03-07", true, Mar7},
     ParseCase{"UsMonthDayCurrentYear", "en_US", "3/7", true, Mar7},
     ParseCase{"UsMonthYear", "en_US", "3/2024", true, {2024, 3, 1, 0, 0, 0}},
-    ParseCase{"BeforeRange", "en_US", "12/31/1600", false, {}},
     ParseCase{"LastDay", "en_US", "12/31/9999", true, {9999, 12, 31, 0, 0, 0}},
-    ParseCase{"FirstDay", "en_US", "1/1/1601", true, {1601, 1, 1, 0, 0, 0}},
+    ParseCase{"AfterRange", "en_US", "1/1/10000", false, {}},
+    ParseCase{"Year1600", "en_US", "12/31/1600", true, {1600, 12, 31, 0, 0, 0}},
+    ParseCase{"FirstDay", "en_US", "1/1/100", true, {100, 1, 1, 0, 0, 0}},
+    ParseCase{"FirstDayFourDigits", "en_US", "1/1/0100", true, {100, 1, 1, 0, 0, 0}},
+    ParseCase{"ThreeDigitYearFirst", "en_US", "999-12-31", true, {999, 12, 31, 0, 0, 0}},
+    ParseCase{"Year99WrittenLongIsStill1999", "en_US", "1/1/0099", true, {1999, 1, 1, 0, 0, 0}},
+    ParseCase{"Year29IsThisCentury", "en_US", "1/1/29", true, {2029, 1, 1, 0, 0, 0}},
+    ParseCase{"Year00IsThisCentury", "en_US", "2/29/00", true, {2000, 2, 29, 0, 0, 0}},
+    ParseCase{"MonthNameYear1066", "en_US", "14 Oct 1066", true, {1066, 10, 14, 0, 0, 0}},
+    ParseCase{"NoLeapDay1500", "en_US", "2/29/1500", false, {}},
     ParseCase{"UsMonthName", "en_US", "March 7, 2024", true, Mar7},
     ParseCase{"UsMonthAbbrev", "en_US", "7-Mar-2024", true, Mar7},
     ParseCase{"UsMonthNameLowerCase", "en_US", "7 mar 2024", true, Mar7},

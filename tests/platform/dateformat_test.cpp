@@ -20,6 +20,8 @@ const double morning = Date::fromYmd(2024, 1, 1).serial() + Date::fromHms(9, 3, 
 const double midnight = Date::fromYmd(2024, 3, 7).serial();
 const double noon = Date::fromYmd(2024, 3, 7).serial() + 0.5;
 const double beforeEpoch = -1.25; // 29 December 1899, 06:00
+const double year100 = -657434;         // Friday 1 January 100, the first day a date holds
+const double leap1600 = -109512.75; // Tuesday 29 February 1600, 18:00 (the fraction counts forward)
 
 class DateFormatTable : public testing::TestWithParam<FormatCase> {};
 
@@ -75,7 +77,15 @@ INSTANTIATE_TEST_SUITE_P(Table, DateFormatTable, testing::Values(
     FormatCase{"ShortTime", "en_US", afternoon, "Short Time", "14:05"},
     FormatCase{"GeneralBoth", "en_US", afternoon, "General Date", "3/7/2024 2:05:09 PM"},
     FormatCase{"GeneralDateOnly", "en_US", midnight, "", "3/7/2024"},
-    FormatCase{"GeneralTimeOnly", "en_US", 0.75, "c", "6:00:00 PM"}), TestSupport::rowName);
+    FormatCase{"GeneralTimeOnly", "en_US", 0.75, "c", "6:00:00 PM"},
+    FormatCase{"Year100Digits", "en_US", year100, "dd/mm/yyyy", "01/01/0100"},
+    FormatCase{"Year100TwoDigitYear", "en_US", year100, "d/m/yy", "1/1/00"},
+    FormatCase{"Year100WeekdayAndWeeks", "en_US", year100, "dddd w ww y q", "Friday 6 1 1 1"},
+    FormatCase{"Year100ShortDate", "en_US", year100, "Short Date", "1/1/0100"},
+    FormatCase{"Year100General", "de_DE", year100, "c", "01.01.0100"},
+    FormatCase{"Leap1600Display", "en_US", leap1600, "dd/mmm/yyyy hh:nn", "29/Feb/1600 18:00"},
+    FormatCase{"Leap1600DayOfYearWeek", "en_US", leap1600, "y ww", "60 10"},
+    FormatCase{"Leap1600LongDate", "en_US", leap1600, "Long Date", "Tuesday, February 29, 1600"}), TestSupport::rowName);
 
 TEST(DateFormatRobustness, NoPatternOrSerialCrashes)
 {

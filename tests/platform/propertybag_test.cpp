@@ -90,6 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Table, PropertyBagKinds, testing::Values(
     KindCase{"DecimalMax", [] { return QVariant::fromValue(Decimal::fromParts(~0u, ~0u, ~0u, 0, true)); }},
     KindCase{"Date", [] { return QVariant::fromValue(Date(-1.25)); }},
     KindCase{"DateUpper", [] { return QVariant::fromValue(Date(Date::MaxSerial + 0.5)); }},
+    KindCase{"DateFirstDayEvening", [] { return QVariant::fromValue(Date(Date::MinSerial - 0.75)); }},
     KindCase{"SystemColour", [] { return QVariant::fromValue(OleColor(OleColor::GrayText)); }},
     KindCase{"RgbColour", [] { return QVariant::fromValue(OleColor(0x8080FF)); }},
     KindCase{"Font", [] { return QVariant(sampleFont()); }},

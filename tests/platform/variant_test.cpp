@@ -18,7 +18,7 @@ QVariant dec(const char *t) { return QVariant::fromValue(Decimal::parse(t, QLoca
 // Every digit of a double, so a result one bit off does not pass.
 QString real(double value) { return QString::number(value, 'g', 17); }
 
-enum class To { Integer, Long, Single, Double, Currency, Decimal, Date, String, IsNumeric };
+enum class To { Integer, Long, Single, Double, Currency, Decimal, Date, String, IsNumeric, IsDate };
 
 QString convert(To to, const QVariant &v, const QLocale &locale)
 {
@@ -37,6 +37,7 @@ QString convert(To to, const QVariant &v, const QLocale &locale)
             return u"false"_qs;
         EXPECT_NE(errorOf([&] { Variant::toDouble(v, locale); }), Error::TypeMismatch);
         return u"true"_qs;
+    case To::IsDate: return Variant::isDate(v, locale) ? u"true"_qs : u"false"_qs;
     }
     return {};
 }
@@ -154,6 +155,34 @@ INSTANTIATE_TEST_SUITE_P(IsNumeric, Convert, testing::Values(
     ConvertRow{"Null", To::IsNumeric, null, enUS, "false", 0},
     ConvertRow{"Boolean", To::IsNumeric, true, enUS, "true", 0},
     ConvertRow{"Date", To::IsNumeric, QVariant::fromValue(Date(45000.0)), enUS, "false", 0}), rowName);
+
+// Qt's own date types are dates (a QTime on day 0) over the whole range, 1 January 100 to
+// 31 December 9999; a null one holds no date.
+INSTANTIATE_TEST_SUITE_P(QtDates, Convert, testing::Values(
+    ConvertRow{"QDate", To::Date, QDate(2024, 3, 7), enUS, "45358", 0},
+    ConvertRow{"QDateFirstDay", To::Date, QDate(100, 1, 1), enUS, "-657434", 0},
+    ConvertRow{"QDateBefore1601", To::Date, QDate(1600, 12, 31), enUS, "-109206", 0},
+    ConvertRow{"QDateYear99", To::Date, QDate(99, 12, 31), enUS, "", Error::Overflow},
+    ConvertRow{"QDateYear10000", To::Date, QDate(10000, 1, 1), enUS, "", Error::Overflow},
+    ConvertRow{"QDateNull", To::Date, QDate(), enUS, "", Error::TypeMismatch},
+    ConvertRow{"QDateTime", To::Date, QDateTime(QDate(2024, 3, 7), QTime(18, 0)), enUS, "45358.75", 0},
+    ConvertRow{"QDateTimeBeforeEpoch", To::Date, QDateTime(QDate(1899, 12, 29), QTime(6, 0)), enUS, "-1.25", 0},
+    ConvertRow{"QDateTimeNull", To::Date, QDateTime(), enUS, "", Error::TypeMismatch},
+    ConvertRow{"QTimeOnDayZero", To::Date, QTime(18, 0), enUS, "0.75", 0},
+    ConvertRow{"QTimeNull", To::Date, QTime(), enUS, "", Error::TypeMismatch},
+    ConvertRow{"SerialFirstDay", To::Date, -657434.0, enUS, "-657434", 0},
+    ConvertRow{"SerialBeforeFirstDay", To::Date, -657435.0, enUS, "", Error::Overflow},
+    ConvertRow{"TextBefore1601", To::Date, text("12/31/1600"), enUS, "-109206", 0},
+    ConvertRow{"TextYear100", To::Date, text("1/1/100"), enUS, "-657434", 0},
+    ConvertRow{"TextTwoDigitYear", To::Date, text("1/1/30"), enUS, "10959", 0},
+    ConvertRow{"StringOfYear100", To::String, QVariant::fromValue(Date(-657434.0)), enUS, "1/1/0100", 0},
+    ConvertRow{"StringOf1600Evening", To::String, QVariant::fromValue(Date(-109206.75)), deDE, "31.12.1600 18:00:00", 0},
+    ConvertRow{"IsDateQDate", To::IsDate, QDate(1600, 1, 1), enUS, "true", 0},
+    ConvertRow{"IsDateQTime", To::IsDate, QTime(1, 2), enUS, "true", 0},
+    ConvertRow{"IsDateNullQDate", To::IsDate, QDate(), enUS, "false", 0},
+    ConvertRow{"IsDateYear99", To::IsDate, QDate(99, 1, 1), enUS, "false", 0},
+    ConvertRow{"IsDateText1066", To::IsDate, text("10/14/1066"), enUS, "true", 0},
+    ConvertRow{"IsDateSize", To::IsDate, QSize(1, 2), enUS, "false", 0}), rowName);
 
 struct CompareRow { const char *name; QVariant a; QVariant b; int expected; int error; };
 class Compare : public testing::TestWithParam<CompareRow> {};

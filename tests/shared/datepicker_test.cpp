@@ -134,13 +134,13 @@ TEST_P(Range, RefusesOrClampsAndTheCalendarKeepsToIt)
     EXPECT_EQ(picker->Value().toQDate(), std::max(row.value.toQDate().addMonths(-3), row.min.toQDate()));
 }
 
-const Date v(day(2024, 3, 15)), lo(day(2000, 1, 1)), hi(day(2030, 12, 31)), first(Date::MinSerial), last(Date::MaxSerial);
+const Date v(day(2024, 3, 15)), lo(day(2000, 1, 1)), hi(day(2030, 12, 31)), first(CalendarRange::First.serial()), last(CalendarRange::Last.serial());
 INSTANTIATE_TEST_SUITE_P(Picker, Range, ::testing::Values(
-    RangeRow{"ValueBefore1601", false, ValueField, Date::MinSerial - 1, 380, v, first, last},
+    RangeRow{"ValueBefore1601", false, ValueField, CalendarRange::First.serial() - 1, 380, v, first, last},
     RangeRow{"ValueNotANumber", false, ValueField, std::nan(""), 380, v, first, last},
-    RangeRow{"ValueOn1January1601", false, ValueField, Date::MinSerial, 0, first, first, last},
-    RangeRow{"ValueOn31December9999", false, ValueField, Date::MaxSerial + 0.5, 0, last, first, last},
-    RangeRow{"MinBefore1601", false, MinField, Date::MinSerial - 1, 380, v, first, last},
+    RangeRow{"ValueOn1January1601", false, ValueField, CalendarRange::First.serial(), 0, first, first, last},
+    RangeRow{"ValueOn31December9999", false, ValueField, CalendarRange::Last.serial() + 0.5, 0, last, first, last},
+    RangeRow{"MinBefore1601", false, MinField, CalendarRange::First.serial() - 1, 380, v, first, last},
     RangeRow{"ValueBeforeMin", true, ValueField, day(1999, 12, 31).serial(), 380, v, lo, hi},
     RangeRow{"ValueDropsTime", true, ValueField, day(2000, 1, 2).serial() + 0.75, 0, day(2000, 1, 2), lo, hi},
     RangeRow{"MinAfterMax", true, MinField, day(2031, 1, 1).serial(), 380, v, lo, hi},
