@@ -6,6 +6,7 @@
 #include <tarnwell/constants.h>
 #include <tarnwell/currency.h>
 #include <tarnwell/decimal.h>
+#include <tarnwell/variant.h>
 
 #include <QVarLengthArray>
 
@@ -124,6 +125,42 @@ std::optional<Float> floatOf(const NumberEditor::Reading &r)
     if (std::from_chars(buffer, end, value).ec != std::errc())
         return std::nullopt;
     return r.negative ? -value : value;
+}
+
+// The digits of a number held exactly as it was read: those of the value itself. (A double
+// holds 15 significant digits exactly enough to show them again.)
+DecimalDigits digitsOf(const NumberEditor::Reading &r)
+{
+    DecimalDigits d;
+    const auto nonZero = [](char c) { return c != '0'; };
+    const auto first = std::find_if(r.digits.cbegin(), r.digits.cend(), nonZero);
+    if (first == r.digits.cend())
+        return d;
+    const auto last = std::find_if(r.digits.crbegin(), r.digits.crend(), nonZero).base();
+    d.negative = r.negative;
+    d.count = std::min(int(last - first), DecimalDigits::Capacity);
+    std::copy(first, first + d.count, d.digits);
+    d.point = r.whole - int(first - r.digits.cbegin());
+    return d;
+}
+
+// Whether two values of the type are the same number, without the general comparison's
+// conversions where both are held alike.
+bool sameValue(const QVariant &a, const QVariant &b, int dataType)
+{
+    if (a.metaType() == b.metaType()) {
+        switch (Variant::kind(a)) {
+        case Variant::Integer: return a.value<qint16>() == b.value<qint16>();
+        case Variant::Long: return a.value<qint32>() == b.value<qint32>();
+        case Variant::Single: return a.value<float>() == b.value<float>();
+        case Variant::Double: return a.value<double>() == b.value<double>();
+        case Variant::CurrencyKind: return a.value<Currency>() == b.value<Currency>();
+        case Variant::DecimalKind: return a.value<Decimal>() == b.value<Decimal>();
+        default: break;
+        }
+    }
+    const std::optional<int> order = NumberType::compare(a, b, dataType);
+    return order && *order == 0;
 }
 
 bool sameNumber(const NumberEditor::Reading &a, const NumberEditor::Reading &b, bool ignoreSign)
@@ -267,7 +304,11 @@ QVariant NumberEditor::convert(const Reading &r, bool *shownExactly) const
 
 void NumberEditor::appendFormatted(QString &out, const QVariant &value, bool minusOnZero) const
 {
-    const DecimalDigits digits = NumberDisplay::digitsOf(value);
+    appendDigits(out, NumberDisplay::digitsOf(value), minusOnZero);
+}
+
+void NumberEditor::appendDigits(QString &out, const DecimalDigits &digits, bool minusOnZero) const
+{
     m_display.appendNumber(out, digits, minusOnZero && digits.isZero()
                                             && typeHasNegatives(m_rules.dataType()));
 }
@@ -335,8 +376,7 @@ NumberEditResult accept(NumberEditState &state, QString text, int caret, QVarian
     NumberEditResult r;
     r.textChanged = text != state.text;
     r.caretChanged = caret != state.selStart || state.selLength != 0;
-    const std::optional<int> order = NumberType::compare(value, state.value, dataType);
-    r.valueChanged = !order || *order != 0 || !state.value.isValid();
+    r.valueChanged = !state.value.isValid() || !sameValue(value, state.value, dataType);
     state.text = std::move(text);
     state.selStart = caret;
     state.selLength = 0;
@@ -492,7 +532,12 @@ NumberEditResult NumberEditor::replace(NumberEditState &state, QStringView s, in
     shown.reserve(edited.size() + edited.size() / 3 + places + 8);
     shown += m_display.leftSymbol();
     const int numberAt = int(shown.size());
-    appendFormatted(shown, value, reading.negative);
+    // A number taken as typed is formatted from the digits typed: they are the value's own.
+    const DecimalDigits typed = digitsOf(reading);
+    if (exactly && (m_rules.dataType() != twDouble || typed.count <= 15))
+        appendDigits(shown, typed, reading.negative);
+    else
+        appendFormatted(shown, value, reading.negative);
     const QStringView number = QStringView(shown).sliced(numberAt);
     if (!exactly && !showsExactly(number, value, &reading))
         return {};

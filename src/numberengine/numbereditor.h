@@ -171,6 +171,7 @@ private:
     QVariant quickConvert(const Reading &r, bool *shownExactly) const;
     // The formatted number, a "-" kept on a zero when `minusOnZero`.
     void appendFormatted(QString &out, const QVariant &value, bool minusOnZero) const;
+    void appendDigits(QString &out, const DecimalDigits &digits, bool minusOnZero) const;
     // Whether `number` (as formatted for `value`) may be shown: an exact type must show the very
     // number typed (`typed`, or none to skip that test), and any type must show a text that
     // reads back as a value formatting to that same text.

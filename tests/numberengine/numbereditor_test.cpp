@@ -324,8 +324,16 @@ TEST(ValueOfText, AgreesWithTheTypesConversionOnRandomNumbers)
                 plain += u'.';
             for (int d = 0; d < decimals; ++d)
                 plain += QChar(u'0' + random.bounded(10));
-            ASSERT_EQ(describe(editor.valueOfText(plain)), describe(platformValue(plain, type)))
+            const QVariant expected = platformValue(plain, type);
+            ASSERT_EQ(describe(editor.valueOfText(plain)), describe(expected))
                 << "type " << type << ": " << plain.toStdString();
+            // Pasted over everything, it shows as its value formats (a zero may keep its "-").
+            NumberEditState state = parseState("[0.000000]");
+            state.value = 0;
+            editor.paste(state, plain);
+            if (state.text != u"0.000000" && !NumberType::isZero(state.value)) {
+                ASSERT_EQ(state.text, editor.showValue(state.value)) << plain.toStdString();
+            }
         }
     }
 }
