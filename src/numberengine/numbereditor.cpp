@@ -11,62 +11,11 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <cstring>
-#include <limits>
-#include <string_view>
 #include <utility>
 
 namespace Tarnwell {
 
-struct NumberEditor::Reading
-{
-    bool negative = false;
-    bool hasDecimal = false;
-    int whole = 0;    // whole digits kept, leading zeros dropped
-    int decimals = 0; // digits after the decimal character, as typed
-    QVarLengthArray<char, 48> digits; // the whole digits, then the decimals: '0'..'9'
-
-    std::string_view wholeDigits() const { return std::string_view(digits.data(), size_t(whole)); }
-    // The decimals without trailing zeros: "-12.500" and "-12.5" are the same number.
-    std::string_view significantDecimals() const
-    {
-        int n = decimals;
-        while (n > 0 && digits[whole + n - 1] == '0')
-            --n;
-        return std::string_view(digits.data() + whole, size_t(n));
-    }
-    bool isZero() const
-    {
-        return std::all_of(digits.cbegin(), digits.cend(), [](char c) { return c == '0'; });
-    }
-    // "-123.45": C-locale text for the type's own conversion.
-    QString canonical() const
-    {
-        QString s;
-        s.reserve(digits.size() + 3);
-        if (negative)
-            s += u'-';
-        if (whole == 0)
-            s += u'0';
-        s += QLatin1String(digits.data(), whole);
-        if (decimals > 0) {
-            s += u'.';
-            s += QLatin1String(digits.data() + whole, decimals);
-        }
-        return s;
-    }
-};
-
 namespace {
-
-constexpr double SingleLimit = 3.402823E+38;
-constexpr double DoubleLimit = 1.79769313486231E+308;
-constexpr std::int64_t CurrencyLimit = 922337203685477;
-// The most significant digits the platform's text conversion to a float keeps before rounding
-// the rest into one sticky digit; up to there its result is from_chars' correctly rounded one.
-constexpr int FloatDigits = 40;
 
 // Only Byte has no negative numbers, so only there a "-0" entry would lead nowhere.
 bool typeHasNegatives(int dataType)
@@ -89,61 +38,6 @@ int positionFromRight(QStringView text, int count, QChar grouping)
     return pos;
 }
 
-// Decimal digits of any script count, but not superscripts and the like.
-int digitOf(QChar c)
-{
-    if (c.unicode() < 128)
-        return c >= u'0' && c <= u'9' ? c.unicode() - u'0' : -1;
-    return c.category() == QChar::Number_DecimalDigit ? c.digitValue() : -1;
-}
-
-std::int64_t wholeNumber(std::string_view digits)
-{
-    std::int64_t n = 0;
-    for (const char c : digits)
-        n = n * 10 + (c - '0');
-    return n;
-}
-
-// A float from significant digits and a power of ten, as the platform reads one from text;
-// nullopt past the type's range.
-template<typename Float>
-std::optional<Float> floatOf(const NumberEditor::Reading &r)
-{
-    qsizetype first = 0;
-    while (first < r.digits.size() && r.digits[first] == '0')
-        ++first;
-    const qsizetype count = r.digits.size() - first;
-    if (count == 0)
-        return r.negative ? -Float(0) : Float(0);
-    char buffer[FloatDigits + 16];
-    std::memcpy(buffer, r.digits.data() + first, size_t(count));
-    char *end = buffer + count;
-    *end++ = 'e';
-    end = std::to_chars(end, buffer + sizeof buffer, -r.decimals).ptr;
-    Float value = 0;
-    if (std::from_chars(buffer, end, value).ec != std::errc())
-        return std::nullopt;
-    return r.negative ? -value : value;
-}
-
-// The digits of a number held exactly as it was read: those of the value itself. (A double
-// holds 15 significant digits exactly enough to show them again.)
-DecimalDigits digitsOf(const NumberEditor::Reading &r)
-{
-    DecimalDigits d;
-    const auto nonZero = [](char c) { return c != '0'; };
-    const auto first = std::find_if(r.digits.cbegin(), r.digits.cend(), nonZero);
-    if (first == r.digits.cend())
-        return d;
-    const auto last = std::find_if(r.digits.crbegin(), r.digits.crend(), nonZero).base();
-    d.negative = r.negative;
-    d.count = std::min(int(last - first), DecimalDigits::Capacity);
-    std::copy(first, first + d.count, d.digits);
-    d.point = r.whole - int(first - r.digits.cbegin());
-    return d;
-}
-
 // Whether two values of the type are the same number, without the general comparison's
 // conversions where both are held alike.
 bool sameValue(const QVariant &a, const QVariant &b, int dataType)
@@ -163,12 +57,6 @@ bool sameValue(const QVariant &a, const QVariant &b, int dataType)
     return order && *order == 0;
 }
 
-bool sameNumber(const NumberEditor::Reading &a, const NumberEditor::Reading &b, bool ignoreSign)
-{
-    return (ignoreSign || a.negative == b.negative) && a.wholeDigits() == b.wholeDigits()
-        && a.significantDecimals() == b.significantDecimals();
-}
-
 } // namespace
 
 NumberEditor::NumberEditor(const NumberDisplay &display, const NumberRules &rules)
@@ -179,118 +67,21 @@ NumberEditor::NumberEditor(const NumberDisplay &display, const NumberRules &rule
 // ---------------------------------------------------------------------------------------------
 // Reading and conversion
 
-bool NumberEditor::read(QStringView bare, Reading &r) const
+bool NumberEditor::read(QStringView number, NumberReading &r) const
 {
-    const QChar decimal = m_display.decimalChar();
-    const QChar minus = m_display.minusChar();
-    qsizetype i = 0;
-    const qsizetype n = bare.size();
-    if (i < n && (bare[i] == u'-' || bare[i] == minus)) {
-        r.negative = true;
-        ++i;
+    QVarLengthArray<QChar, 64> bare;
+    for (const QChar c : number) {
+        if (c != m_display.thousandsChar())
+            bare.append(c);
     }
-    for (; i < n; ++i) {
-        const int digit = digitOf(bare[i]);
-        if (digit < 0)
-            break;
-        if (digit == 0 && r.whole == 0)
-            continue;
-        r.digits.append(char('0' + digit));
-        ++r.whole;
-    }
-    if (i < n && bare[i] == decimal) {
-        r.hasDecimal = true;
-        for (++i; i < n; ++i) {
-            const int digit = digitOf(bare[i]);
-            if (digit < 0)
-                break;
-            r.digits.append(char('0' + digit));
-            ++r.decimals;
-        }
-    }
-    return i == n;
+    return r.read(QStringView(bare.data(), bare.size()), m_display.decimalChar(),
+                  m_display.minusChar());
 }
 
-// The types' conversions of a text, done straight from the digits where the outcome is plain:
-// the same value, of the same storage type, as the conversion of the canonical text gives. When
-// the digits could round, overflow or need the general reading, Empty leaves it to convert().
-QVariant NumberEditor::quickConvert(const Reading &r, bool *shownExactly) const
-{
-    const int dataType = m_rules.dataType();
-    switch (dataType) {
-    case twByte:
-    case twInteger:
-    case twLong: {
-        if (!r.significantDecimals().empty() || r.whole > 18)
-            return QVariant();
-        const std::int64_t magnitude = wholeNumber(r.wholeDigits());
-        const std::int64_t n = r.negative ? -magnitude : magnitude;
-        const std::int64_t low = dataType == twByte ? 0
-            : dataType == twInteger ? std::numeric_limits<qint16>::min()
-                                    : std::numeric_limits<qint32>::min();
-        const std::int64_t high = dataType == twByte ? 255
-            : dataType == twInteger ? std::numeric_limits<qint16>::max()
-                                    : std::numeric_limits<qint32>::max();
-        if (n < low || n > high)
-            return QVariant();
-        *shownExactly = true;
-        return dataType == twLong ? QVariant::fromValue<qint32>(qint32(n))
-                                  : QVariant::fromValue<qint16>(qint16(n));
-    }
-    case twCurrency: {
-        const std::string_view fraction = r.significantDecimals();
-        if (fraction.size() > 4 || r.whole > 15)
-            return QVariant();
-        const std::int64_t units = wholeNumber(r.wholeDigits());
-        if (units > CurrencyLimit)
-            return QVariant();
-        // Unsigned: the limit's whole part with four decimals may pass the signed range.
-        std::uint64_t raw = std::uint64_t(units);
-        for (size_t i = 0; i < 4; ++i)
-            raw = raw * 10 + unsigned(i < fraction.size() ? fraction[i] - '0' : 0);
-        if (raw > std::uint64_t(CurrencyLimit * Currency::Scale))
-            return QVariant();
-        *shownExactly = true;
-        const auto magnitude = std::int64_t(raw);
-        return QVariant::fromValue(Currency::fromRaw(r.negative ? -magnitude : magnitude));
-    }
-    case twDecimal: {
-        // 28 digits stay below 2^96, so the digits are the mantissa as they stand.
-        if (r.digits.size() > 28)
-            return QVariant();
-        unsigned __int128 m = 0;
-        for (const char c : r.digits)
-            m = m * 10 + unsigned(c - '0');
-        *shownExactly = true;
-        return QVariant::fromValue(Decimal::fromParts(std::uint32_t(m), std::uint32_t(m >> 32),
-                                                      std::uint32_t(m >> 64), r.decimals,
-                                                      r.negative && m != 0));
-    }
-    case twDouble:
-    case twSingle: {
-        if (r.digits.size() > FloatDigits)
-            return QVariant();
-        if (dataType == twDouble) {
-            const std::optional<double> d = floatOf<double>(r);
-            if (!d || std::fabs(*d) > DoubleLimit)
-                return QVariant();
-            *shownExactly = true; // 15 digits always read back as a double that shows them
-            return QVariant(*d);
-        }
-        const std::optional<float> f = floatOf<float>(r);
-        if (!f || std::fabs(double(*f)) > SingleLimit)
-            return QVariant();
-        return QVariant::fromValue<float>(*f);
-    }
-    default:
-        return QVariant();
-    }
-}
-
-QVariant NumberEditor::convert(const Reading &r, bool *shownExactly) const
+QVariant NumberEditor::convert(const NumberReading &r, bool *shownExactly) const
 {
     bool exactly = false;
-    QVariant value = quickConvert(r, &exactly);
+    QVariant value = r.quickValue(m_rules.dataType(), &exactly);
     if (!value.isValid()) {
         const int dataType = m_rules.dataType();
         value = NumberType::convertToType(QVariant(r.canonical()), dataType, QLocale::c());
@@ -314,7 +105,7 @@ void NumberEditor::appendDigits(QString &out, const DecimalDigits &digits, bool 
 }
 
 bool NumberEditor::showsExactly(QStringView number, const QVariant &value,
-                                const Reading *typed) const
+                                const NumberReading *typed) const
 {
     const int dataType = m_rules.dataType();
     // A Double's 15 digits always read back as a double that shows them again.
@@ -323,18 +114,13 @@ bool NumberEditor::showsExactly(QStringView number, const QVariant &value,
     const bool exactType = dataType != twSingle;
     if (exactType && !typed)
         return true;
-    QVarLengthArray<QChar, 64> bare;
-    for (const QChar c : number) {
-        if (c != m_display.thousandsChar())
-            bare.append(c);
-    }
-    Reading shown;
-    if (!read(QStringView(bare.data(), bare.size()), shown))
+    NumberReading shown;
+    if (!read(number, shown))
         return false;
     if (exactType) {
         // The conversion rounds what the type cannot hold (too many digits for a Decimal,
         // decimals for an integer type); showing the rounded number would change what was typed.
-        return sameNumber(shown, *typed, NumberType::isZero(value));
+        return shown.sameNumber(*typed, NumberType::isZero(value));
     }
     // A Single shows 7 digits, one more than a float keeps: near a power of ten the shown text
     // can read back as the neighbouring float, which shows differently.
@@ -353,13 +139,8 @@ QString NumberEditor::showValue(const QVariant &value) const
 
 QVariant NumberEditor::valueOfText(QStringView text) const
 {
-    QVarLengthArray<QChar, 64> bare;
-    for (const QChar c : m_display.stripped(text)) {
-        if (c != m_display.thousandsChar())
-            bare.append(c);
-    }
-    Reading r;
-    if (!read(QStringView(bare.data(), bare.size()), r) || r.decimals > m_display.decimalPlaces())
+    NumberReading r;
+    if (!read(m_display.stripped(text), r) || r.decimals > m_display.decimalPlaces())
         return QVariant();
     return convert(r);
 }
@@ -520,7 +301,7 @@ NumberEditResult NumberEditor::replace(NumberEditState &state, QStringView s, in
     keep(s, false);
     keep(text.sliced(start + length), true);
 
-    Reading reading;
+    NumberReading reading;
     if (!read(QStringView(edited.data(), edited.size()), reading) || reading.decimals > places)
         return {};
     bool exactly = false;
@@ -533,9 +314,8 @@ NumberEditResult NumberEditor::replace(NumberEditState &state, QStringView s, in
     shown += m_display.leftSymbol();
     const int numberAt = int(shown.size());
     // A number taken as typed is formatted from the digits typed: they are the value's own.
-    const DecimalDigits typed = digitsOf(reading);
-    if (exactly && (m_rules.dataType() != twDouble || typed.count <= 15))
-        appendDigits(shown, typed, reading.negative);
+    if (exactly)
+        appendDigits(shown, reading.decimalDigits(), reading.negative);
     else
         appendFormatted(shown, value, reading.negative);
     const QStringView number = QStringView(shown).sliced(numberAt);
@@ -576,10 +356,8 @@ NumberEditResult NumberEditor::negate(NumberEditState &state) const
     const QChar minus = m_display.minusChar();
     const bool hadMinus = bare.contains(u'-') || bare.contains(minus);
 
-    QString digits = bare.toString();
-    digits.remove(m_display.thousandsChar());
-    Reading reading;
-    if (!read(digits, reading))
+    NumberReading reading;
+    if (!read(bare, reading))
         return {};
     const QVariant current = convert(reading);
     const QVariant negated = NumberType::negate(current, dataType);
@@ -589,10 +367,8 @@ NumberEditResult NumberEditor::negate(NumberEditState &state) const
 
     QString number = m_display.formatNumber(negated, dataType);
     // The value is what the new text says, as if it had been typed.
-    QString shownBare = number;
-    shownBare.remove(m_display.thousandsChar());
-    Reading shown;
-    QVariant value = read(shownBare, shown) ? convert(shown) : QVariant();
+    NumberReading shown;
+    QVariant value = read(number, shown) ? convert(shown) : QVariant();
     if (!value.isValid())
         value = negated;
     if (!showsExactly(number, value, nullptr))
@@ -638,7 +414,7 @@ NumberEditResult NumberEditor::pasteText(NumberEditState &state, QStringView cli
     bool seenDecimal = false;
     for (qsizetype i = 0; i < cleaned.size(); ++i) {
         const QChar c = cleaned.at(i);
-        if (digitOf(c) >= 0)
+        if (NumberReading::digitOf(c) >= 0)
             continue;
         if (c == m_display.decimalChar() && !seenDecimal) {
             seenDecimal = true;

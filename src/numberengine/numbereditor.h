@@ -3,6 +3,7 @@
 #include <tarnwell/global.h>
 
 #include "numberengine/numberdisplay.h"
+#include "numberengine/numberreading.h"
 #include "numberengine/numberrules.h"
 
 #include <QString>
@@ -10,8 +11,6 @@
 #include <QVariant>
 
 namespace Tarnwell {
-
-class DecimalDigits;
 
 // What a number box holds while it is edited: its shown text and selection (positions count
 // characters of the shown text, currency symbol included), whether it is read-only, and the
@@ -141,9 +140,6 @@ public:
     // within its limits with at most DecimalPlaces decimals.
     QVariant valueOfText(QStringView text) const;
 
-    // The bare number as read: sign, whole digits without leading zeros, then the decimals.
-    struct Reading;
-
 private:
     // The text with the symbol taken off and a selection moved onto it, as the box's scratch
     // text holds it after StripCurrencySymbol.
@@ -164,18 +160,18 @@ private:
     NumberEditResult pasteText(NumberEditState &state, QStringView clipboard) const;
     NumberEditResult stepValue(NumberEditState &state, bool up) const;
 
-    bool read(QStringView bare, Reading &r) const;
+    // Reads a number, its grouping characters dropped wherever they stand.
+    bool read(QStringView number, NumberReading &r) const;
     // The reading in the data type (Empty when it does not convert or leaves the type's limits).
     // `shownExactly` is set when the formatted value is known to be the number read.
-    QVariant convert(const Reading &r, bool *shownExactly = nullptr) const;
-    QVariant quickConvert(const Reading &r, bool *shownExactly) const;
+    QVariant convert(const NumberReading &r, bool *shownExactly = nullptr) const;
     // The formatted number, a "-" kept on a zero when `minusOnZero`.
     void appendFormatted(QString &out, const QVariant &value, bool minusOnZero) const;
     void appendDigits(QString &out, const DecimalDigits &digits, bool minusOnZero) const;
     // Whether `number` (as formatted for `value`) may be shown: an exact type must show the very
     // number typed (`typed`, or none to skip that test), and any type must show a text that
     // reads back as a value formatting to that same text.
-    bool showsExactly(QStringView number, const QVariant &value, const Reading *typed) const;
+    bool showsExactly(QStringView number, const QVariant &value, const NumberReading *typed) const;
 
     NumberDisplay m_display;
     NumberRules m_rules;

@@ -241,6 +241,28 @@ TEST(NumberEditorTest, ChangeFlags)
     EXPECT_EQ(state.value, start.value);
 }
 
+// Edits described directly, as a program's insert or a drop at a point gives them: the caret
+// is put where the edit says first, and a selection's length still applies from there.
+struct DescribedRow { const char *name; const char *start; NumberEdit edit; const char *expected; };
+class DescribedEdits : public testing::TestWithParam<DescribedRow> {};
+
+TEST_P(DescribedEdits, ActAtTheirOwnCaret)
+{
+    const NumberEditor editor = editorFor(English, twDouble, 2);
+    NumberEditState state = parseState(GetParam().start);
+    state.value = editor.valueOfText(state.text);
+    editor.edit(state, GetParam().edit);
+    EXPECT_EQ(marked(state), QString::fromLatin1(GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, DescribedEdits, testing::Values(
+    DescribedRow{"insert at a caret of its own", "1.00|", NumberEdit::insert(u"5", 1), "15|.00"},
+    DescribedRow{"insert keeps the selection length", "[1].00", NumberEdit::insert(u"9", 0), "9|.00"},
+    DescribedRow{"insert past the end clamps", "1|.00", NumberEdit::insert(u"5", 40), "1|.00"},
+    DescribedRow{"step down", "3|.00", NumberEdit::step(false), "2|.00"},
+    DescribedRow{"typed key", "|3.00", NumberEdit::key('-'), "-|3.00"},
+    DescribedRow{"unknown key does nothing", "3|.00", NumberEdit::key('x'), "3|.00"}), rowName);
+
 // A value with its storage type, the scale of a Decimal and the sign of a zero double.
 QString describe(const QVariant &v)
 {
