@@ -13,10 +13,9 @@ class QLineEdit;
 
 namespace Tarnwell {
 
-class NumberDisplay;
 class NumberEditor;
 class PropertyBag;
-class TextWorkspace;
+struct NumberEdit;
 struct NumberEditResult;
 struct NumberEditState;
 
@@ -64,14 +63,14 @@ public:
 
     // Resets Minimum, Maximum, Increment, Value and DecimalPlaces for the type. Values outside
     // the constants are stored as they are and hold nothing (limits and conversions Empty).
-    twDataTypeConstants DataType() const { return static_cast<twDataTypeConstants>(m_dataType); }
+    twDataTypeConstants DataType() const;
     void setDataType(int dataType);
 
-    QVariant Minimum() const { return m_minimum; }
+    QVariant Minimum() const;
     void setMinimum(const QVariant &minimum);
-    QVariant Maximum() const { return m_maximum; }
+    QVariant Maximum() const;
     void setMaximum(const QVariant &maximum);
-    QVariant Increment() const { return m_increment; }
+    QVariant Increment() const;
     void setIncrement(const QVariant &increment);
 
     // 0..MaxDecimalPlaces; anything else is ignored.
@@ -125,7 +124,9 @@ protected:
 private:
     NumberEditState editState() const;
     // Writes an accepted edit: the value first (the colour rule reads it), then text and caret.
-    void apply(const NumberEditResult &result);
+    void apply(const NumberEditState &state, const NumberEditResult &result);
+    // One edit of the engine on what the box shows now, applied.
+    void runEdit(const NumberEdit &edit);
     void writeNumber(const QString &text, int selStart, int selLength);
     void showValue();
     void paste(const QString &text);
@@ -134,21 +135,12 @@ private:
     // if it is a number, else put the last shown text back.
     void normaliseForeignText(const QString &text);
     QLineEdit *text3();
-    QVariant convert(const QVariant &value) const;
-    bool inRange(const QVariant &value, bool useMinMax) const;
-    // Error 13 for a non-number, 6 outside the type's limits.
-    void validateNumber(const QVariant &value) const;
 
-    std::unique_ptr<NumberDisplay> m_display;
+    // The number engine: display, type and range rules, and the edits.
     std::unique_ptr<NumberEditor> m_editor;
-    std::unique_ptr<TextWorkspace> m_text2;
     QLineEdit *m_text3 = nullptr;
 
-    int m_dataType = twCurrency;
     QVariant m_value;
-    QVariant m_minimum;
-    QVariant m_maximum;
-    QVariant m_increment;
     OleColor m_negativeColor = DefaultNegativeColor;
     OleColor m_negativeDisabledColor = DefaultNegativeDisabledColor;
     bool m_useNegativeColor = true;

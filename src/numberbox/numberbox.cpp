@@ -3,10 +3,8 @@
 #include <tarnwell/propertybag.h>
 #include <tarnwell/variant.h>
 
-#include "numberengine/numberdisplay.h"
 #include "numberengine/numbereditor.h"
 #include "numberengine/numbertype.h"
-#include "numberengine/textworkspace.h"
 #include "platform/keyboard.h"
 #include "shared/bagkeys.h"
 #include "shared/bagvalues.h"
@@ -25,9 +23,7 @@ namespace Tarnwell {
 
 NumberBox::NumberBox(QWidget *parent)
     : ValueBox(parent, EditorKind::Line, QString(), ArrowKeysFollow::Reported),
-      m_display(std::make_unique<NumberDisplay>(QLocale())),
-      m_editor(std::make_unique<NumberEditor>(*m_display)),
-      m_text2(std::make_unique<TextWorkspace>())
+      m_editor(std::make_unique<NumberEditor>())
 {
     Variant::registerTypes();
     // The line edit's own menu would offer undo, cut and paste past the number editor.
@@ -60,34 +56,12 @@ QLineEdit *NumberBox::text3()
 }
 
 // ---------------------------------------------------------------------------------------------
-// Conversions
-
-QVariant NumberBox::convert(const QVariant &value) const
-{
-    return NumberType::convertToType(value, m_dataType, m_display->locale());
-}
-
-bool NumberBox::inRange(const QVariant &value, bool useMinMax) const
-{
-    return NumberType::isInRange(value, useMinMax, m_dataType, m_minimum, m_maximum,
-                                 m_display->locale());
-}
-
-void NumberBox::validateNumber(const QVariant &value) const
-{
-    if (!Variant::isNumeric(value, m_display->locale()))
-        throw Error(Error::TypeMismatch);
-    if (!inRange(value, false))
-        throw Error(Error::Overflow);
-}
-
-// ---------------------------------------------------------------------------------------------
 // Value and range
 
 QVariant NumberBox::Value() const
 {
     if (!CheckBox() || Checked())
-        return convert(m_value);
+        return m_editor->rules().convert(m_value);
     return noValue();
 }
 
@@ -98,7 +72,7 @@ void NumberBox::setValue(const QVariant &value)
     if (number.typeId() == QMetaType::QString && number.toString().isEmpty())
         number = QVariant();
     // Checked before the check box moves, so that a refused value changes nothing.
-    validateNumber(number);
+    m_editor->rules().checkNumber(number);
 
     if (null) {
         if (CheckBox())
@@ -107,59 +81,65 @@ void NumberBox::setValue(const QVariant &value)
     } else if (UserMode() && CheckBox()) {
         setCheckValue(true);
     }
-    if (!inRange(number, true))
+    if (!m_editor->rules().isWithinRange(number))
         return;
     if (!canPropertyChange(BagKey::Value))
         return;
-    m_value = convert(number);
+    m_value = m_editor->rules().convert(number);
     markDirty(BagKey::Value);
     showValue();
 }
 
+QVariant NumberBox::Minimum() const
+{
+    return m_editor->rules().minimum();
+}
+
 void NumberBox::setMinimum(const QVariant &minimum)
 {
-    validateNumber(minimum);
-    const QVariant converted = convert(minimum);
-    const std::optional<int> order = NumberType::compare(converted, convert(m_maximum), m_dataType);
-    if (!order || *order > 0)
+    if (!m_editor->rules().setMinimum(minimum))
         return;
-    m_minimum = converted;
     markDirty(BagKey::Minimum);
-    const std::optional<int> below = NumberType::compare(convert(m_value), m_minimum, m_dataType);
-    if (below && *below < 0)
-        setValue(m_minimum);
+    if (const std::optional<QVariant> raised = m_editor->rules().raisedToMinimum(m_value))
+        setValue(*raised);
+}
+
+QVariant NumberBox::Maximum() const
+{
+    return m_editor->rules().maximum();
 }
 
 void NumberBox::setMaximum(const QVariant &maximum)
 {
-    validateNumber(maximum);
-    const QVariant converted = convert(maximum);
-    const std::optional<int> order = NumberType::compare(converted, convert(m_minimum), m_dataType);
-    if (!order || *order < 0)
+    if (!m_editor->rules().setMaximum(maximum))
         return;
-    m_maximum = converted;
     markDirty(BagKey::Maximum);
-    const std::optional<int> above = NumberType::compare(convert(m_value), m_maximum, m_dataType);
-    if (above && *above > 0)
-        setValue(m_maximum);
+    if (const std::optional<QVariant> lowered = m_editor->rules().loweredToMaximum(m_value))
+        setValue(*lowered);
+}
+
+QVariant NumberBox::Increment() const
+{
+    return m_editor->rules().increment();
 }
 
 void NumberBox::setIncrement(const QVariant &increment)
 {
-    validateNumber(increment);
-    m_increment = convert(increment);
+    m_editor->rules().setIncrement(increment);
     markDirty(BagKey::Increment);
+}
+
+twDataTypeConstants NumberBox::DataType() const
+{
+    return static_cast<twDataTypeConstants>(m_editor->dataType());
 }
 
 void NumberBox::setDataType(int dataType)
 {
-    m_dataType = dataType;
+    m_editor->rules().setDataType(dataType);
     markDirty(BagKey::DataType);
-    m_minimum = NumberType::typeLowerLimit(dataType);
-    m_maximum = NumberType::typeUpperLimit(dataType);
-    m_increment = QVariant::fromValue<qint16>(1);
     m_value = QVariant::fromValue<qint16>(0);
-    m_display->setDecimalPlaces(MaxDecimalPlaces());
+    m_editor->display().setDecimalPlaces(MaxDecimalPlaces());
     showValue();
 }
 
@@ -168,21 +148,21 @@ void NumberBox::setDataType(int dataType)
 
 qint16 NumberBox::DecimalPlaces() const
 {
-    return m_display->decimalPlaces();
+    return m_editor->display().decimalPlaces();
 }
 
 void NumberBox::setDecimalPlaces(qint16 places)
 {
     if (places < 0 || places > MaxDecimalPlaces())
         return;
-    m_display->setDecimalPlaces(places);
+    m_editor->display().setDecimalPlaces(places);
     markDirty(BagKey::DecimalPlaces);
     showValue();
 }
 
 qint16 NumberBox::MaxDecimalPlaces() const
 {
-    return NumberType::regionalDecimalPlaces(m_dataType, UserSettings::numberDigits(),
+    return NumberType::regionalDecimalPlaces(m_editor->dataType(), UserSettings::numberDigits(),
                                              UserSettings::currencyDigits());
 }
 
@@ -193,31 +173,31 @@ void NumberBox::setMaxDecimalPlaces(qint16)
 
 bool NumberBox::ThousandSeparator() const
 {
-    return m_display->thousandSeparator();
+    return m_editor->display().thousandSeparator();
 }
 
 void NumberBox::setThousandSeparator(bool on)
 {
-    m_display->setThousandSeparator(on);
+    m_editor->display().setThousandSeparator(on);
     markDirty(BagKey::ThousandSeparator);
     showValue();
 }
 
 QString NumberBox::CurrencySymbol() const
 {
-    return m_display->currencySymbol();
+    return m_editor->display().currencySymbol();
 }
 
 void NumberBox::setCurrencySymbol(const QString &symbol)
 {
-    m_display->setCurrencySymbol(symbol);
+    m_editor->display().setCurrencySymbol(symbol);
     markDirty(BagKey::CurrencySymbol);
     showValue();
 }
 
 twCurrencyPositionConstants NumberBox::ShowCurrencySymbol() const
 {
-    return static_cast<twCurrencyPositionConstants>(m_display->showCurrencySymbol());
+    return static_cast<twCurrencyPositionConstants>(m_editor->display().showCurrencySymbol());
 }
 
 void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
@@ -225,7 +205,7 @@ void NumberBox::setShowCurrencySymbol(twCurrencyPositionConstants position)
     const int p = int(position);
     if (p < twNoCurrency || p > twRight)
         throw Error(Error::InvalidPropertyValue);
-    m_display->setShowCurrencySymbol(p);
+    m_editor->display().setShowCurrencySymbol(p);
     markDirty(BagKey::ShowCurrencySymbol);
     showValue();
 }
@@ -256,12 +236,12 @@ void NumberBox::setSelText(const QString &text)
     NumberEditState state = editState();
     state.locked = false; // Locked keeps the user out, not the host's code
     const NumberEditResult result =
-        text.isEmpty() ? m_editor->insertText(state, QString()) : m_editor->paste(state, text);
+        text.isEmpty() ? m_editor->backspace(state) : m_editor->paste(state, text);
     // A text that leaves no number is refused; a selection replaced by the same characters is
     // an edit that changes nothing.
     if (!result.changed() && !(text == SelText() && (!text.isEmpty() || SelLength() == 0)))
         throw Error(Error::InvalidPropertyValue);
-    apply(result);
+    apply(state, result);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -275,19 +255,17 @@ void NumberBox::writeNumber(const QString &text, int selStart, int selLength)
 
 void NumberBox::showValue()
 {
-    m_text2->setText(m_display->formatNumber(m_value, m_dataType));
-    m_display->addCurrencySymbol(*m_text2);
     // As the host's text box does when its text is set, the caret goes to the front.
-    writeNumber(m_text2->text(), 0, 0);
+    writeNumber(m_editor->showValue(m_value), 0, 0);
     refreshTextColor();
 }
 
-void NumberBox::apply(const NumberEditResult &result)
+void NumberBox::apply(const NumberEditState &state, const NumberEditResult &result)
 {
     if (result.valueChanged)
-        m_value = result.value;
+        m_value = state.value;
     if (result.textChanged || result.caretChanged)
-        writeNumber(result.text, result.selStart, result.selLength);
+        writeNumber(state.text, state.selStart, state.selLength);
     refreshTextColor();
 }
 
@@ -299,10 +277,6 @@ NumberEditState NumberBox::editState() const
     state.selLength = SelLength();
     state.locked = Locked();
     state.value = m_value;
-    state.dataType = m_dataType;
-    state.minimum = m_minimum;
-    state.maximum = m_maximum;
-    state.increment = m_increment;
     return state;
 }
 
@@ -330,10 +304,10 @@ void NumberBox::normaliseForeignText(const QString &text)
     if (m_normalising)
         return;
     QScopedValueRollback<bool> guard(m_normalising, true);
-    const QVariant value = m_editor->valueOfText(text, m_dataType);
+    const QVariant value = m_editor->valueOfText(text);
     if (value.isValid()) {
         m_value = value;
-        const QString shown = m_editor->showValue(value, m_dataType);
+        const QString shown = m_editor->showValue(value);
         if (shown == text) {
             // Taken as it came: the change is the host's to hear of.
             m_shownText = shown;
@@ -383,7 +357,7 @@ void NumberBox::refreshTextColor()
 void NumberBox::relayout()
 {
     ValueBox::relayout();
-    if (!m_display)
+    if (!m_editor)
         return; // still constructing
     if (CheckBox() || m_text3) {
         const int upDownWidth = UserSettings::scrollWidthTwips();
@@ -407,7 +381,7 @@ void NumberBox::handleKeyDown(short &keyCode, short &shift)
         }
         break;
     case Keyboard::VkDelete:
-        apply(m_editor->deleteForward(editState()));
+        runEdit(NumberEdit::deleteForward());
         keyCode = 0;
         shift = 0;
         break;
@@ -437,22 +411,30 @@ void NumberBox::handleKeyPress(short &keyAscii)
         paste(QGuiApplication::clipboard()->text());
         break;
     default:
-        apply(m_editor->keyPress(editState(), keyAscii));
+        runEdit(NumberEdit::key(keyAscii));
         break;
     }
     keyAscii = 0;
 }
 
+void NumberBox::runEdit(const NumberEdit &edit)
+{
+    NumberEditState state = editState();
+    const NumberEditResult result = m_editor->edit(state, edit);
+    apply(state, result);
+}
+
 void NumberBox::paste(const QString &text)
 {
-    apply(m_editor->paste(editState(), text));
+    runEdit(NumberEdit::paste(text));
 }
 
 bool NumberBox::stepValue(bool up)
 {
-    const NumberEditResult result = m_editor->step(editState(), up);
+    NumberEditState state = editState();
+    const NumberEditResult result = m_editor->step(state, up);
     if (result.changed())
-        apply(result);
+        apply(state, result);
     // The text is what the host sees move: a step that shows the same text raises nothing.
     return result.textChanged;
 }
@@ -460,12 +442,13 @@ bool NumberBox::stepValue(bool up)
 ValueBox::StepEnabled NumberBox::stepEnabled() const
 {
     // The steps the editor itself would take: Value +- Increment within the type's limits.
-    NumberEditState state = editState();
-    state.locked = false;
+    NumberEditState up = editState();
+    up.locked = false;
+    NumberEditState down = up;
     StepEnabled enabled;
-    if (m_editor->step(state, true).valueChanged)
+    if (m_editor->step(up, true).valueChanged)
         enabled |= StepUpEnabled;
-    if (m_editor->step(state, false).valueChanged)
+    if (m_editor->step(down, false).valueChanged)
         enabled |= StepDownEnabled;
     return enabled;
 }
@@ -475,8 +458,7 @@ void NumberBox::onExitFocus()
     // A cleared check box means "no number"; there is nothing to bring into range.
     if (CheckBox() && !Checked())
         return;
-    const std::optional<QVariant> repaired =
-        NumberType::rangeRepair(Value(), m_dataType, m_minimum, m_maximum);
+    const std::optional<QVariant> repaired = m_editor->rules().repairOnLeaving(Value());
     if (!repaired)
         return;
     // Stored first: a Maximum below 0 refuses the set and the old text stays on screen.
@@ -508,7 +490,7 @@ bool NumberBox::filterDrop(QEvent *event)
     drop->setDropAction(Qt::CopyAction);
     drop->accept();
     if (event->type() == QEvent::Drop)
-        apply(result);
+        apply(state, result);
     return true;
 }
 

@@ -4,7 +4,7 @@
 #include <tarnwell/propertybag.h>
 #include <tarnwell/variant.h>
 
-#include "numberengine/numberdisplay.h"
+#include "numberengine/numbereditor.h"
 #include "numberengine/numbertype.h"
 #include "shared/bagkeys.h"
 #include "shared/bagvalues.h"
@@ -34,18 +34,15 @@ constexpr int MaxStoredDecimalPlaces = 28;
 void NumberBox::InitProperties()
 {
     CommonProperties::initialise(*this);
-    m_display->setThousandSeparator(true);
-    m_dataType = twCurrency;
-    m_minimum = NumberType::typeLowerLimit(m_dataType);
-    m_maximum = NumberType::typeUpperLimit(m_dataType);
+    m_editor->display().setThousandSeparator(true);
+    m_editor->rules().setDataType(twCurrency);
     m_value = QVariant::fromValue<qint16>(0);
-    m_display->setDecimalPlaces(MaxDecimalPlaces());
-    m_increment = QVariant::fromValue<qint16>(1);
+    m_editor->display().setDecimalPlaces(MaxDecimalPlaces());
     m_negativeColor = DefaultNegativeColor;
     m_useNegativeColor = true;
     m_negativeDisabledColor = DefaultNegativeDisabledColor;
-    m_display->setCurrencySymbol(QStringLiteral("$"));
-    m_display->setShowCurrencySymbol(twNoCurrency);
+    m_editor->display().setCurrencySymbol(QStringLiteral("$"));
+    m_editor->display().setShowCurrencySymbol(twNoCurrency);
     assignUpDown(false);
     assignInterceptArrowKeys(false);
     showValue();
@@ -56,7 +53,7 @@ void NumberBox::InitProperties()
 void NumberBox::ReadProperties(PropertyBag &bag)
 {
     using K = CommonKey;
-    const QLocale locale = m_display->locale();
+    const QLocale locale = m_editor->display().locale();
     int dataType = twCurrency;
     // A number of the loaded type within the type's limits; a type outside the constants holds
     // nothing, so anything numeric loads into it as Empty.
@@ -85,23 +82,23 @@ void NumberBox::ReadProperties(PropertyBag &bag)
                  dataType = int(BagValue::toInt(v, INT32_MIN, INT32_MAX));
                  return dataType;
              },
-             [this](const QVariant &v) { m_dataType = v.toInt(); })
+             [this](const QVariant &v) { m_editor->rules().loadDataType(v.toInt()); })
         .key(BagKey::Minimum, QVariant(), bound(BagKey::Minimum, false),
-             [this](const QVariant &v) { m_minimum = v; })
+             [this](const QVariant &v) { m_editor->rules().loadMinimum(v); })
         .key(BagKey::Maximum, QVariant(), bound(BagKey::Maximum, true),
-             [this](const QVariant &v) { m_maximum = v; })
+             [this](const QVariant &v) { m_editor->rules().loadMaximum(v); })
         .key(BagKey::Value, QVariant::fromValue<qint16>(0), number,
              [this](const QVariant &v) { m_value = v; })
         .common({K::BackColor, K::Enabled, K::Font})
         .key(BagKey::ThousandSeparator, true, boolean,
-             [this](const QVariant &v) { m_display->setThousandSeparator(v.toBool()); })
+             [this](const QVariant &v) { m_editor->display().setThousandSeparator(v.toBool()); })
         .common({K::Locked, K::MouseIcon})
         .key(BagKey::DecimalPlaces, qint16(0),
              [](const QVariant &v) { return int(BagValue::toInt(v, 0, MaxStoredDecimalPlaces)); },
-             [this](const QVariant &v) { m_display->setDecimalPlaces(qint16(v.toInt())); })
+             [this](const QVariant &v) { m_editor->display().setDecimalPlaces(qint16(v.toInt())); })
         .key(BagKey::UpDown, false, boolean, [this](const QVariant &v) { assignUpDown(v.toBool()); })
         .key(BagKey::Increment, QVariant::fromValue<qint16>(1), number,
-             [this](const QVariant &v) { m_increment = v; })
+             [this](const QVariant &v) { m_editor->rules().loadIncrement(v); })
         .key(BagKey::InterceptArrowKeys, false, boolean,
              [this](const QVariant &v) { assignInterceptArrowKeys(v.toBool()); })
         .common({K::BorderStyle, K::ForeColor, K::DisabledColor})
@@ -115,10 +112,10 @@ void NumberBox::ReadProperties(PropertyBag &bag)
                  K::SelectTextOnFocus})
         .key(BagKey::CurrencySymbol, QStringLiteral("$"),
              [](const QVariant &v) { return BagValue::toString(v); },
-             [this](const QVariant &v) { m_display->setCurrencySymbol(v.toString()); })
+             [this](const QVariant &v) { m_editor->display().setCurrencySymbol(v.toString()); })
         .key(BagKey::ShowCurrencySymbol, qint32(twNoCurrency),
              [](const QVariant &v) { return int(BagValue::toInt(v, twNoCurrency, twRight)); },
-             [this](const QVariant &v) { m_display->setShowCurrencySymbol(v.toInt()); })
+             [this](const QVariant &v) { m_editor->display().setShowCurrencySymbol(v.toInt()); })
         .step([this] { showValue(); })
         .common({K::ToolTip, K::Checked, K::CheckBox, K::NullIfEmpty})
         .step([this] { updateValueControls(); })
@@ -133,16 +130,17 @@ void NumberBox::ReadProperties(PropertyBag &bag)
 void NumberBox::WriteProperties(PropertyBag &bag) const
 {
     using K = CommonKey;
-    bag.WriteProperty(BagKey::DataType, qint32(m_dataType), qint32(twCurrency));
-    bag.WriteProperty(BagKey::Minimum, m_minimum, NumberType::typeLowerLimit(m_dataType));
-    bag.WriteProperty(BagKey::Maximum, m_maximum, NumberType::typeUpperLimit(m_dataType));
+    const NumberRules &rules = m_editor->rules();
+    bag.WriteProperty(BagKey::DataType, qint32(rules.dataType()), qint32(twCurrency));
+    bag.WriteProperty(BagKey::Minimum, rules.minimum(), rules.lowerLimit());
+    bag.WriteProperty(BagKey::Maximum, rules.maximum(), rules.upperLimit());
     bag.WriteProperty(BagKey::Value, m_value, QVariant::fromValue<qint16>(0));
     CommonProperties::write(*this, bag, {K::BackColor, K::Enabled, K::Font});
     bag.WriteProperty(BagKey::ThousandSeparator, ThousandSeparator(), true);
     CommonProperties::write(*this, bag, {K::Locked, K::MouseIcon});
     bag.WriteProperty(BagKey::DecimalPlaces, DecimalPlaces(), qint16(0));
     bag.WriteProperty(BagKey::UpDown, UpDown(), false);
-    bag.WriteProperty(BagKey::Increment, m_increment, QVariant::fromValue<qint16>(1));
+    bag.WriteProperty(BagKey::Increment, rules.increment(), QVariant::fromValue<qint16>(1));
     bag.WriteProperty(BagKey::InterceptArrowKeys, InterceptArrowKeys(), false);
     CommonProperties::write(*this, bag, {K::BorderStyle, K::ForeColor, K::DisabledColor});
     bag.WriteProperty(BagKey::NegativeColor, qint32(m_negativeColor.value()), qint32(DefaultNegativeColor));

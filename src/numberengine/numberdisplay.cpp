@@ -2,7 +2,13 @@
 
 #include "numberengine/numbertype.h"
 #include "numberengine/textworkspace.h"
+#include "platform/decimaldigits.h"
 #include "platform/numberformat.h"
+#include "platform/numerictext.h"
+
+#include <tarnwell/currency.h>
+#include <tarnwell/decimal.h>
+#include <tarnwell/variant.h>
 
 #include <algorithm>
 
@@ -25,6 +31,8 @@ struct Separators
     QChar thousands;
     QChar decimal;
     QChar minus;
+    QString groupText;
+    QString decimalText;
 };
 
 Separators separatorsOf(const QLocale &locale)
@@ -40,6 +48,9 @@ Separators separatorsOf(const QLocale &locale)
     }
     const QString minus = NumberFormat::format(QVariant(-1), QStringLiteral("0"), locale);
     s.minus = minus.size() == 2 && minus.at(1) == u'1' ? minus.at(0) : QChar(u'-');
+    const NumericText::LocaleChars &chars = NumericText::localeChars(locale);
+    s.groupText = chars.group;
+    s.decimalText = chars.decimal;
     return s;
 }
 
@@ -65,6 +76,27 @@ NumberDisplay::NumberDisplay(const QLocale &locale)
     m_thousands = s.thousands;
     m_decimal = s.decimal;
     m_minus = s.minus;
+    m_groupText = s.groupText;
+    m_decimalText = s.decimalText;
+}
+
+void NumberDisplay::setCurrencySymbol(const QString &symbol)
+{
+    m_currencySymbol = symbol;
+    settleSymbolSide();
+}
+
+void NumberDisplay::setShowCurrencySymbol(int position)
+{
+    m_showCurrencySymbol = position;
+    settleSymbolSide();
+}
+
+void NumberDisplay::settleSymbolSide()
+{
+    const bool shown = (m_showCurrencySymbol == twLeft || m_showCurrencySymbol == twRight)
+        && !m_currencySymbol.isEmpty();
+    m_symbolSide = shown ? m_showCurrencySymbol : twNoCurrency;
 }
 
 QString NumberDisplay::buildFormatString() const
@@ -77,27 +109,29 @@ QString NumberDisplay::buildFormatString() const
     return pattern;
 }
 
-bool NumberDisplay::symbolShown() const
+QStringView NumberDisplay::leftSymbol() const
 {
-    return (m_showCurrencySymbol == twLeft || m_showCurrencySymbol == twRight)
-        && !m_currencySymbol.isEmpty();
+    return m_symbolSide == twLeft ? QStringView(m_currencySymbol) : QStringView();
 }
 
-int NumberDisplay::leftSymbolLength(const QString &text) const
+QStringView NumberDisplay::rightSymbol() const
 {
-    if (symbolShown() && m_showCurrencySymbol == twLeft && text.startsWith(m_currencySymbol))
+    return m_symbolSide == twRight ? QStringView(m_currencySymbol) : QStringView();
+}
+
+int NumberDisplay::leftSymbolLength(QStringView text) const
+{
+    if (m_symbolSide == twLeft && text.startsWith(m_currencySymbol))
         return int(m_currencySymbol.size());
     return 0;
 }
 
-QString NumberDisplay::stripped(const QString &text) const
+QStringView NumberDisplay::stripped(QStringView text) const
 {
-    if (!symbolShown())
-        return text;
-    if (m_showCurrencySymbol == twLeft && text.startsWith(m_currencySymbol))
-        return text.mid(m_currencySymbol.size());
-    if (m_showCurrencySymbol == twRight && text.endsWith(m_currencySymbol))
-        return text.left(text.size() - m_currencySymbol.size());
+    if (m_symbolSide == twLeft && text.startsWith(m_currencySymbol))
+        return text.sliced(m_currencySymbol.size());
+    if (m_symbolSide == twRight && text.endsWith(m_currencySymbol))
+        return text.chopped(m_currencySymbol.size());
     return text;
 }
 
@@ -110,7 +144,7 @@ void NumberDisplay::stripCurrencySymbol(TextWorkspace &box) const
     int start = box.selStart();
     int length = box.selLength();
     QString bare;
-    if (m_showCurrencySymbol == twLeft) {
+    if (m_symbolSide == twLeft) {
         if (!text.startsWith(m_currencySymbol))
             return;
         bare = text.mid(symbolLength);
@@ -135,7 +169,7 @@ void NumberDisplay::addCurrencySymbol(TextWorkspace &box) const
     if (!symbolShown())
         return;
     const int start = box.selStart();
-    if (m_showCurrencySymbol == twLeft) {
+    if (m_symbolSide == twLeft) {
         box.setText(m_currencySymbol + box.text());
         box.setSelStart(start + int(m_currencySymbol.size()));
     } else {
@@ -148,13 +182,72 @@ QString NumberDisplay::withSymbol(const QString &number) const
 {
     if (!symbolShown())
         return number;
-    return m_showCurrencySymbol == twLeft ? m_currencySymbol + number : number + m_currencySymbol;
+    return m_symbolSide == twLeft ? m_currencySymbol + number : number + m_currencySymbol;
+}
+
+DecimalDigits NumberDisplay::digitsOf(const QVariant &typedValue)
+{
+    switch (Variant::kind(typedValue)) {
+    case Variant::Integer:
+    case Variant::Long:
+    case Variant::Byte:
+        return DecimalDigits::fromInt64(typedValue.toLongLong());
+    case Variant::Single:
+        return DecimalDigits::fromFloat(typedValue.toFloat());
+    case Variant::Double:
+        return DecimalDigits::fromDouble(typedValue.toDouble(), 15);
+    case Variant::CurrencyKind:
+        return DecimalDigits::fromCurrency(typedValue.value<Currency>());
+    case Variant::DecimalKind:
+        return DecimalDigits::fromDecimal(typedValue.value<Decimal>());
+    default:
+        return DecimalDigits(); // Empty; no data type holds anything else
+    }
+}
+
+// The platform formatter's rendering of "#,##0.00" and its relatives, cut down to what those
+// patterns use: the sign (taken before rounding, so -0.001 shows "-0.00"), the whole digits or
+// a single 0, grouping by threes, then exactly DecimalPlaces digits rounded half away from zero.
+void NumberDisplay::appendNumber(QString &out, const DecimalDigits &digits, bool minusOnZero) const
+{
+    if (!digits.finite) {
+        out += digits.toPlainString(m_decimalText);
+        return;
+    }
+    DecimalDigits d = digits;
+    const bool minus = (d.negative && d.count > 0) || minusOnZero;
+    if (d.isZero())
+        d.point = 0;
+    d.roundToFraction(m_decimalPlaces);
+    const int whole = d.isZero() ? 0 : std::max(d.point, 0);
+    const int shownWhole = std::max(whole, 1);
+    const int groups = m_thousandSeparator ? (shownWhole - 1) / 3 : 0;
+    const int places = m_decimalPlaces;
+    const qsizetype length = (minus ? 1 : 0) + shownWhole + groups * m_groupText.size()
+        + (places > 0 ? m_decimalText.size() + places : 0);
+
+    const qsizetype at = out.size();
+    out.resize(at + length);
+    QChar *p = out.data() + at;
+    if (minus)
+        *p++ = u'-';
+    for (int r = shownWhole - 1; r >= 0; --r) {
+        *p++ = QLatin1Char(r < whole ? d.digitAt(whole - 1 - r) : '0');
+        if (groups > 0 && r > 0 && r % 3 == 0)
+            p = std::copy(m_groupText.cbegin(), m_groupText.cend(), p);
+    }
+    if (places > 0) {
+        p = std::copy(m_decimalText.cbegin(), m_decimalText.cend(), p);
+        for (int j = 0; j < places; ++j)
+            *p++ = QLatin1Char(d.isZero() ? '0' : d.digitAt(d.point + j));
+    }
 }
 
 QString NumberDisplay::formatNumber(const QVariant &value, int dataType) const
 {
-    return NumberFormat::format(NumberType::convertToType(value, dataType, m_locale),
-                                buildFormatString(), m_locale);
+    QString out;
+    appendNumber(out, digitsOf(NumberType::convertToType(value, dataType, m_locale)));
+    return out;
 }
 
 QString NumberDisplay::formatValue(const QVariant &value, int dataType) const

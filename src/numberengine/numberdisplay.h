@@ -5,21 +5,28 @@
 #include <QChar>
 #include <QLocale>
 #include <QString>
+#include <QStringView>
 #include <QVariant>
 
 namespace Tarnwell {
 
+class DecimalDigits;
 class TextWorkspace;
 
 // How one number box shows its number: grouping, decimal places and the currency symbol, with
-// the separators of its locale taken once at construction. A plain value class; the widget owns
-// one and sets its fields from its properties.
+// the separators of its locale taken once at construction. A plain value class; the number
+// editor holds one and the widget sets its fields from its properties.
 //
 // The separators come from the formatter itself: 1000 formatted with "#,##0.00" gives the
 // grouping character as its 2nd and the decimal character as its 6th character. A locale whose
 // formatter does not group 1000 (or that writes digits other than ASCII ones) would put a digit
 // there; the locale's own separators are used instead, so a digit is never taken for one. The
 // minus sign is taken the same way, from -1 formatted with "0".
+//
+// Formatting writes exactly what the platform's formatter writes for buildFormatString(), but
+// from the number's decimal digits and the strings the formatter would use, worked out once per
+// locale: the box formats on every keystroke, and the general formatter reads its pattern and
+// the locale's characters each time.
 class NumberDisplay
 {
 public:
@@ -36,10 +43,10 @@ public:
     bool thousandSeparator() const { return m_thousandSeparator; }
     void setThousandSeparator(bool on) { m_thousandSeparator = on; }
     const QString &currencySymbol() const { return m_currencySymbol; }
-    void setCurrencySymbol(const QString &symbol) { m_currencySymbol = symbol; }
+    void setCurrencySymbol(const QString &symbol);
     // A twCurrencyPositionConstants value; anything else shows no symbol.
     int showCurrencySymbol() const { return m_showCurrencySymbol; }
-    void setShowCurrencySymbol(int position) { m_showCurrencySymbol = position; }
+    void setShowCurrencySymbol(int position);
 
     // "#,##0" or "##0", then "." and DecimalPlaces zeros when there are decimals.
     QString buildFormatString() const;
@@ -53,9 +60,9 @@ public:
 
     // Characters of the symbol in front of the digits of `text` (0 unless shown on the left and
     // actually present); the offset between box positions and positions in the bare number.
-    int leftSymbolLength(const QString &text) const;
-    // The text without its symbol, when it carries one.
-    QString stripped(const QString &text) const;
+    int leftSymbolLength(QStringView text) const;
+    // The text without its symbol, when it carries one (a view into `text`).
+    QStringView stripped(QStringView text) const;
 
     // The number alone, as the value converted to dataType formats with buildFormatString().
     QString formatNumber(const QVariant &value, int dataType) const;
@@ -63,6 +70,15 @@ public:
     QString formatValue(const QVariant &value, int dataType) const;
     // The symbol glued to an already formatted number.
     QString withSymbol(const QString &number) const;
+    // Appends the number `digits` holds, formatted with buildFormatString(); `minusOnZero` keeps
+    // a "-" in front of a number that shows as zero (the "-0.00" of a negative entry).
+    void appendNumber(QString &out, const DecimalDigits &digits, bool minusOnZero = false) const;
+    // The symbol as it goes before or after the digits (empty when none is shown).
+    QStringView leftSymbol() const;
+    QStringView rightSymbol() const;
+
+    // The decimal digits of a value already held in its data type (Empty is zero).
+    static DecimalDigits digitsOf(const QVariant &typedValue);
 
     // Which of the four text colours applies: the negative ones when useNegativeColor is on and
     // the stored value is below zero (a negative zero is not).
@@ -70,16 +86,21 @@ public:
     static ColorRole colorRole(bool enabled, bool useNegativeColor, const QVariant &value);
 
 private:
-    bool symbolShown() const;
+    bool symbolShown() const { return m_symbolSide != twNoCurrency; }
+    void settleSymbolSide();
 
     QLocale m_locale;
     QChar m_thousands;
     QChar m_decimal;
     QChar m_minus;
+    // The strings the platform's formatter writes for grouping and the decimal point.
+    QString m_groupText;
+    QString m_decimalText;
     qint16 m_decimalPlaces = 2;
     bool m_thousandSeparator = true;
     QString m_currencySymbol = QStringLiteral("$");
     int m_showCurrencySymbol = twNoCurrency;
+    int m_symbolSide = twNoCurrency; // where a symbol actually shows: none when it is empty
 };
 
 } // namespace Tarnwell

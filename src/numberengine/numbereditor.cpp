@@ -1,10 +1,14 @@
 #include "numberengine/numbereditor.h"
 
-#include "numberengine/numberdisplay.h"
 #include "numberengine/numbertype.h"
-#include "numberengine/textworkspace.h"
+#include "platform/decimaldigits.h"
 
 #include <tarnwell/constants.h>
+#include <tarnwell/currency.h>
+#include <tarnwell/decimal.h>
+#include <tarnwell/variant.h>
+
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <utility>
@@ -12,40 +16,6 @@
 namespace Tarnwell {
 
 namespace {
-
-NumberEditResult unchanged(const NumberEditState &state)
-{
-    NumberEditResult r;
-    r.text = state.text;
-    r.selStart = state.selStart;
-    r.selLength = state.selLength;
-    r.value = state.value;
-    return r;
-}
-
-NumberEditResult caretMovedTo(const NumberEditState &state, int caret)
-{
-    NumberEditResult r = unchanged(state);
-    r.caretChanged = caret != state.selStart || state.selLength != 0;
-    r.selStart = caret;
-    r.selLength = 0;
-    return r;
-}
-
-// An accepted edit: the new shown text, a collapsed caret and the value, with what changed.
-NumberEditResult accepted(const NumberEditState &state, QString text, int caret,
-                          const QVariant &value)
-{
-    NumberEditResult r;
-    r.text = std::move(text);
-    r.selStart = caret;
-    r.value = value;
-    r.textChanged = r.text != state.text;
-    r.caretChanged = r.selStart != state.selStart || state.selLength != 0;
-    const std::optional<int> order = NumberType::compare(value, state.value, state.dataType);
-    r.valueChanged = !order || *order != 0 || !state.value.isValid();
-    return r;
-}
 
 // Only Byte has no negative numbers, so only there a "-0" entry would lead nowhere.
 bool typeHasNegatives(int dataType)
@@ -55,7 +25,7 @@ bool typeHasNegatives(int dataType)
 
 // The leftmost position with `count` non-grouping characters right of it: the caret sits right
 // after its digit rather than after a grouping character that follows the digit.
-int positionFromRight(const QString &text, int count, QChar grouping)
+int positionFromRight(QStringView text, int count, QChar grouping)
 {
     int pos = int(text.size());
     while (pos > 0 && count > 0) {
@@ -68,155 +38,214 @@ int positionFromRight(const QString &text, int count, QChar grouping)
     return pos;
 }
 
-// Decimal digits of any script count, but not superscripts and the like.
-int digitOf(QChar c)
+// Whether two values of the type are the same number, without the general comparison's
+// conversions where both are held alike.
+bool sameValue(const QVariant &a, const QVariant &b, int dataType)
 {
-    return c.category() == QChar::Number_DecimalDigit ? c.digitValue() : -1;
-}
-
-// "-12.500" and "-12.5" are the same number: trailing decimal zeros and a bare point go.
-QStringView withoutTrailingZeros(QStringView canonical)
-{
-    if (!canonical.contains(u'.'))
-        return canonical;
-    while (canonical.endsWith(u'0'))
-        canonical.chop(1);
-    if (canonical.endsWith(u'.'))
-        canonical.chop(1);
-    return canonical;
-}
-
-QStringView withoutMinus(QStringView canonical)
-{
-    return canonical.startsWith(u'-') ? canonical.mid(1) : canonical;
+    if (a.metaType() == b.metaType()) {
+        switch (Variant::kind(a)) {
+        case Variant::Integer: return a.value<qint16>() == b.value<qint16>();
+        case Variant::Long: return a.value<qint32>() == b.value<qint32>();
+        case Variant::Single: return a.value<float>() == b.value<float>();
+        case Variant::Double: return a.value<double>() == b.value<double>();
+        case Variant::CurrencyKind: return a.value<Currency>() == b.value<Currency>();
+        case Variant::DecimalKind: return a.value<Decimal>() == b.value<Decimal>();
+        default: break;
+        }
+    }
+    const std::optional<int> order = NumberType::compare(a, b, dataType);
+    return order && *order == 0;
 }
 
 } // namespace
 
-NumberEditor::Reading NumberEditor::read(QStringView bare) const
+NumberEditor::NumberEditor(const NumberDisplay &display, const NumberRules &rules)
+    : m_display(display), m_rules(rules)
 {
-    Reading r;
-    const QChar decimal = m_display->decimalChar();
-    const QChar minus = m_display->minusChar();
-    qsizetype i = 0;
-    const qsizetype n = bare.size();
-    if (i < n && (bare[i] == u'-' || bare[i] == minus)) {
-        r.negative = true;
-        ++i;
-    }
-    r.canonical.reserve(n + 2);
-    if (r.negative)
-        r.canonical += u'-';
-    bool leadingZero = true;
-    for (; i < n && digitOf(bare[i]) >= 0; ++i) {
-        const int digit = digitOf(bare[i]);
-        if (leadingZero && digit == 0)
-            continue;
-        leadingZero = false;
-        r.canonical += QChar(u'0' + digit);
-    }
-    if (leadingZero)
-        r.canonical += u'0';
-    if (i < n && bare[i] == decimal) {
-        r.hasDecimal = true;
-        ++i;
-        r.canonical += u'.';
-        for (; i < n && digitOf(bare[i]) >= 0; ++i, ++r.decimals)
-            r.canonical += QChar(u'0' + digitOf(bare[i]));
-        if (r.decimals == 0)
-            r.canonical.chop(1);
-    }
-    r.ok = i == n;
-    return r;
 }
 
-QVariant NumberEditor::convert(const Reading &reading, int dataType) const
+// ---------------------------------------------------------------------------------------------
+// Reading and conversion
+
+bool NumberEditor::read(QStringView number, NumberReading &r) const
 {
-    const QVariant value = NumberType::convertToType(QVariant(reading.canonical), dataType,
-                                                     QLocale::c());
-    if (!value.isValid() || !NumberType::isInRange(value, false, dataType))
-        return QVariant();
+    QVarLengthArray<QChar, 64> bare;
+    for (const QChar c : number) {
+        if (c != m_display.thousandsChar())
+            bare.append(c);
+    }
+    return r.read(QStringView(bare.data(), bare.size()), m_display.decimalChar(),
+                  m_display.minusChar());
+}
+
+QVariant NumberEditor::convert(const NumberReading &r, bool *shownExactly) const
+{
+    bool exactly = false;
+    QVariant value = r.quickValue(m_rules.dataType(), &exactly);
+    if (!value.isValid()) {
+        const int dataType = m_rules.dataType();
+        value = NumberType::convertToType(QVariant(r.canonical()), dataType, QLocale::c());
+        if (!value.isValid() || !NumberType::isInRange(value, false, dataType))
+            value = QVariant();
+    }
+    if (shownExactly)
+        *shownExactly = exactly;
     return value;
 }
 
-QString NumberEditor::formatAccepted(const Reading &reading, const QVariant &value,
-                                     int dataType) const
+void NumberEditor::appendFormatted(QString &out, const QVariant &value, bool minusOnZero) const
 {
-    QString number = m_display->formatNumber(value, dataType);
-    const QChar minus = m_display->minusChar();
-    if (reading.negative && typeHasNegatives(dataType) && NumberType::isZero(value)
-        && !number.startsWith(minus))
-        number.prepend(minus);
-    return number;
+    appendDigits(out, NumberDisplay::digitsOf(value), minusOnZero);
 }
 
-bool NumberEditor::showsExactly(const QString &number, const QVariant &value,
-                                const Reading *typed, int dataType) const
+void NumberEditor::appendDigits(QString &out, const DecimalDigits &digits, bool minusOnZero) const
 {
+    m_display.appendNumber(out, digits, minusOnZero && digits.isZero()
+                                            && typeHasNegatives(m_rules.dataType()));
+}
+
+bool NumberEditor::showsExactly(QStringView number, const QVariant &value,
+                                const NumberReading *typed) const
+{
+    const int dataType = m_rules.dataType();
     // A Double's 15 digits always read back as a double that shows them again.
     if (dataType == twDouble)
         return true;
     const bool exactType = dataType != twSingle;
     if (exactType && !typed)
         return true;
-    QString bare = number;
-    bare.remove(m_display->thousandsChar());
-    const Reading shown = read(bare);
-    if (!shown.ok)
+    NumberReading shown;
+    if (!read(number, shown))
         return false;
     if (exactType) {
         // The conversion rounds what the type cannot hold (too many digits for a Decimal,
         // decimals for an integer type); showing the rounded number would change what was typed.
-        const QStringView a = withoutTrailingZeros(shown.canonical);
-        const QStringView b = withoutTrailingZeros(typed->canonical);
-        return a == b || (NumberType::isZero(value) && withoutMinus(a) == withoutMinus(b));
+        return shown.sameNumber(*typed, NumberType::isZero(value));
     }
     // A Single shows 7 digits, one more than a float keeps: near a power of ten the shown text
     // can read back as the neighbouring float, which shows differently.
-    const QVariant again = convert(shown, dataType);
-    return again.isValid() && formatAccepted(shown, again, dataType) == number;
+    const QVariant again = convert(shown);
+    if (!again.isValid())
+        return false;
+    QString formatted;
+    appendFormatted(formatted, again, shown.negative);
+    return formatted == number;
 }
 
-QString NumberEditor::showValue(const QVariant &value, int dataType) const
+QString NumberEditor::showValue(const QVariant &value) const
 {
-    return m_display->formatValue(value, dataType);
+    return m_display.formatValue(value, m_rules.dataType());
 }
 
-QVariant NumberEditor::valueOfText(const QString &text, int dataType) const
+QVariant NumberEditor::valueOfText(QStringView text) const
 {
-    QString bare = m_display->stripped(text);
-    bare.remove(m_display->thousandsChar());
-    const Reading r = read(bare);
-    if (!r.ok || r.decimals > m_display->decimalPlaces())
+    NumberReading r;
+    if (!read(m_display.stripped(text), r) || r.decimals > m_display.decimalPlaces())
         return QVariant();
-    return convert(r, dataType);
+    return convert(r);
 }
 
-NumberEditResult NumberEditor::insertText(const NumberEditState &state, const QString &s,
-                                          int caret) const
+// ---------------------------------------------------------------------------------------------
+// Edits
+
+namespace {
+
+// An accepted edit: the new shown text, a collapsed caret and the value, with what changed.
+NumberEditResult accept(NumberEditState &state, QString text, int caret, QVariant value,
+                        int dataType)
+{
+    NumberEditResult r;
+    r.textChanged = text != state.text;
+    r.caretChanged = caret != state.selStart || state.selLength != 0;
+    r.valueChanged = !state.value.isValid() || !sameValue(value, state.value, dataType);
+    state.text = std::move(text);
+    state.selStart = caret;
+    state.selLength = 0;
+    // An equal value stays as it was held (a 0 stays the Integer a new box starts with).
+    if (r.valueChanged)
+        state.value = std::move(value);
+    return r;
+}
+
+NumberEditResult moveCaret(NumberEditState &state, int caret)
+{
+    NumberEditResult r;
+    r.caretChanged = caret != state.selStart || state.selLength != 0;
+    state.selStart = caret;
+    state.selLength = 0;
+    return r;
+}
+
+} // namespace
+
+NumberEditResult NumberEditor::edit(NumberEditState &state, const NumberEdit &e) const
+{
+    switch (e.kind) {
+    case NumberEdit::Insert: return insert(state, e.text, e.caret);
+    case NumberEdit::Backspace: return insert(state, QStringView(), -1);
+    case NumberEdit::Delete: return deleteAtCaret(state);
+    case NumberEdit::ToggleSign: return negate(state);
+    case NumberEdit::DecimalJump: return jumpToDecimals(state);
+    case NumberEdit::Paste: return pasteText(state, e.text);
+    case NumberEdit::Step: return stepValue(state, e.code != 0);
+    case NumberEdit::Key:
+        if (e.code >= '0' && e.code <= '9') {
+            const QChar digit(char16_t(e.code));
+            return insert(state, QStringView(&digit, 1), -1);
+        }
+        switch (e.code) {
+        case ',':
+        case '.': return jumpToDecimals(state);
+        case '-': return negate(state);
+        case 8: return insert(state, QStringView(), -1);
+        default: return {};
+        }
+    }
+    return {};
+}
+
+NumberEditor::Bare NumberEditor::bareOf(QStringView text, int selStart, int selLength) const
+{
+    Bare b;
+    b.text = m_display.stripped(text);
+    const int n = int(text.size());
+    int start = std::clamp(selStart, 0, n);
+    int length = std::clamp(selLength, 0, n - start);
+    b.offset = m_display.leftSymbolLength(text);
+    if (b.offset > 0) {
+        if (start <= b.offset) {
+            length = std::max(0, length + start - b.offset);
+            start = 0;
+        } else {
+            start -= b.offset;
+        }
+    }
+    b.start = std::min(start, int(b.text.size()));
+    b.length = std::clamp(length, 0, int(b.text.size()) - b.start);
+    return b;
+}
+
+NumberEditResult NumberEditor::insert(NumberEditState &state, QStringView s, int caret) const
 {
     if (state.locked)
-        return unchanged(state);
-    TextWorkspace box(state.text);
-    box.setSelStart(caret >= 0 ? caret : state.selStart);
-    box.setSelLength(state.selLength);
-    const int places = m_display->decimalPlaces();
-    if (places >= 1 && box.selStart() == box.text().size() && box.selLength() == 0 && !s.isEmpty())
-        return unchanged(state);
+        return {};
+    const int n = int(state.text.size());
+    const int at = std::clamp(caret >= 0 ? caret : state.selStart, 0, n);
+    const int selLength = std::clamp(state.selLength, 0, n - at);
+    if (m_display.decimalPlaces() >= 1 && at == n && selLength == 0 && !s.isEmpty())
+        return {};
 
-    const int offset = m_display->leftSymbolLength(state.text);
-    m_display->stripCurrencySymbol(box);
-    const QString &bare = box.text();
-    int start = box.selStart();
-    int length = box.selLength();
+    const Bare bare = bareOf(state.text, at, selLength);
+    int start = bare.start;
+    int length = bare.length;
 
     if (s.isEmpty() && length == 0) {
         if (start == 0)
-            return unchanged(state);
-        const QChar left = bare.at(start - 1);
-        if (left == m_display->decimalChar())
-            return caretMovedTo(state, start - 1 + offset);
-        if (left == m_display->thousandsChar() && start >= 2) {
+            return {};
+        const QChar left = bare.text.at(start - 1);
+        if (left == m_display.decimalChar())
+            return moveCaret(state, start - 1 + bare.offset);
+        if (left == m_display.thousandsChar() && start >= 2) {
             start -= 2;
             length = 2;
         } else {
@@ -226,208 +255,198 @@ NumberEditResult NumberEditor::insertText(const NumberEditState &state, const QS
     }
 
     if (!s.isEmpty() && length == 0) {
-        const QChar minus = m_display->minusChar();
-        const bool signed_ = !bare.isEmpty() && (bare.front() == u'-' || bare.front() == minus);
+        const QChar minus = m_display.minusChar();
+        const bool signed_ = !bare.text.isEmpty()
+            && (bare.text.front() == u'-' || bare.text.front() == minus);
         const int front = signed_ ? 1 : 0;
-        qsizetype wholeEnd = bare.indexOf(m_display->decimalChar());
+        qsizetype wholeEnd = bare.text.indexOf(m_display.decimalChar());
         if (wholeEnd < 0)
-            wholeEnd = bare.size();
-        if (start <= front && wholeEnd == front + 1 && bare.at(front) == u'0')
+            wholeEnd = bare.text.size();
+        if (start <= front && wholeEnd == front + 1 && bare.text.at(front) == u'0')
             start = front + 1;
     }
-    return edit(state, s, start, length);
+    return replace(state, s, start, length);
 }
 
 // The shared tail of every text edit: `s` replaces [start, start + length) of the bare number in
 // the state's text, and the result is checked, formatted and given its caret.
-NumberEditResult NumberEditor::edit(const NumberEditState &state, const QString &s, int start,
-                                    int length) const
+NumberEditResult NumberEditor::replace(NumberEditState &state, QStringView s, int start,
+                                       int length) const
 {
-    const int places = m_display->decimalPlaces();
-    const QChar grouping = m_display->thousandsChar();
-    QString text = m_display->stripped(state.text);
+    const int places = m_display.decimalPlaces();
+    const QChar grouping = m_display.thousandsChar();
+    const QStringView text = m_display.stripped(state.text);
 
-    const qsizetype decimalAt = text.indexOf(m_display->decimalChar());
+    const qsizetype decimalAt = text.indexOf(m_display.decimalChar());
     if (places > 0 && decimalAt >= 0) {
         if (length > 0 && start <= decimalAt && decimalAt < start + length)
             length = int(text.size()) - start;
         else if (!s.isEmpty() && length == 0 && start > decimalAt)
             length = std::min(int(s.size()), int(text.size()) - start);
     }
-    text.replace(start, length, s);
-    const int caret = start + int(s.size());
 
+    // The edited text with the grouping characters left out, and how many of its characters
+    // stand right of the caret.
+    QVarLengthArray<QChar, 64> edited;
     int rightOfCaret = 0;
-    QString bare;
-    bare.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        if (text.at(i) == grouping)
-            continue;
-        bare += text.at(i);
-        if (i >= caret)
-            ++rightOfCaret;
-    }
-    const Reading reading = read(bare);
-    if (!reading.ok || reading.decimals > places)
-        return unchanged(state);
-    const QVariant value = convert(reading, state.dataType);
-    if (!value.isValid())
-        return unchanged(state);
+    const auto keep = [&](QStringView part, bool rightOf) {
+        for (const QChar c : part) {
+            if (c == grouping)
+                continue;
+            edited.append(c);
+            rightOfCaret += rightOf ? 1 : 0;
+        }
+    };
+    keep(text.first(start), false);
+    keep(s, false);
+    keep(text.sliced(start + length), true);
 
-    const QString number = formatAccepted(reading, value, state.dataType);
-    if (!showsExactly(number, value, &reading, state.dataType))
-        return unchanged(state);
+    NumberReading reading;
+    if (!read(QStringView(edited.data(), edited.size()), reading) || reading.decimals > places)
+        return {};
+    bool exactly = false;
+    QVariant value = convert(reading, &exactly);
+    if (!value.isValid())
+        return {};
+
+    QString shown;
+    shown.reserve(edited.size() + edited.size() / 3 + places + 8);
+    shown += m_display.leftSymbol();
+    const int numberAt = int(shown.size());
+    // A number taken as typed is formatted from the digits typed: they are the value's own.
+    if (exactly)
+        appendDigits(shown, reading.decimalDigits(), reading.negative);
+    else
+        appendFormatted(shown, value, reading.negative);
+    const QStringView number = QStringView(shown).sliced(numberAt);
+    if (!exactly && !showsExactly(number, value, &reading))
+        return {};
     // Count as if the decimals were already padded to their full width by the formatter.
     const int shownTail = places > 0 ? places + 1 : 0;
     const int typedTail = reading.hasDecimal ? reading.decimals + 1 : 0;
     const int fromRight = std::max(0, rightOfCaret + shownTail - typedTail);
-
-    QString shown = m_display->withSymbol(number);
-    const int shownCaret =
-        positionFromRight(number, fromRight, grouping) + m_display->leftSymbolLength(shown);
-    return accepted(state, std::move(shown), shownCaret, value);
+    const int caret = numberAt + positionFromRight(number, fromRight, grouping);
+    shown += m_display.rightSymbol();
+    return accept(state, std::move(shown), caret, std::move(value), m_rules.dataType());
 }
 
-NumberEditResult NumberEditor::deleteForward(const NumberEditState &state) const
+NumberEditResult NumberEditor::deleteAtCaret(NumberEditState &state) const
 {
     if (state.locked)
-        return unchanged(state);
-    TextWorkspace box(state.text);
-    box.setSelStart(state.selStart);
-    box.setSelLength(state.selLength);
-    m_display->stripCurrencySymbol(box);
-    if (box.selLength() > 0)
-        return edit(state, QString(), box.selStart(), box.selLength());
-    const QString &bare = box.text();
-    int start = box.selStart();
-    if (start < bare.size()
-        && (bare.at(start) == m_display->thousandsChar() || bare.at(start) == m_display->decimalChar()))
+        return {};
+    const Bare bare = bareOf(state.text, state.selStart, state.selLength);
+    if (bare.length > 0)
+        return replace(state, QStringView(), bare.start, bare.length);
+    int start = bare.start;
+    if (start < bare.text.size()
+        && (bare.text.at(start) == m_display.thousandsChar()
+            || bare.text.at(start) == m_display.decimalChar()))
         ++start;
-    if (start >= bare.size())
-        return unchanged(state);
-    return edit(state, QString(), start, 1);
+    if (start >= bare.text.size())
+        return {};
+    return replace(state, QStringView(), start, 1);
 }
 
-NumberEditResult NumberEditor::toggleSign(const NumberEditState &state) const
+NumberEditResult NumberEditor::negate(NumberEditState &state) const
 {
     if (state.locked)
-        return unchanged(state);
-    TextWorkspace box(state.text);
-    box.setSelStart(state.selStart);
-    box.setSelLength(state.selLength);
-    m_display->stripCurrencySymbol(box);
-    const QChar minus = m_display->minusChar();
-    QString bare = box.text();
+        return {};
+    const int dataType = m_rules.dataType();
+    const QStringView bare = m_display.stripped(state.text);
+    const QChar minus = m_display.minusChar();
     const bool hadMinus = bare.contains(u'-') || bare.contains(minus);
 
-    bare.remove(m_display->thousandsChar());
-    const Reading reading = read(bare);
-    if (!reading.ok)
-        return unchanged(state);
-    const QVariant current = convert(reading, state.dataType);
-    const QVariant negated = NumberType::negate(current, state.dataType);
+    NumberReading reading;
+    if (!read(bare, reading))
+        return {};
+    const QVariant current = convert(reading);
+    const QVariant negated = NumberType::negate(current, dataType);
     if (!current.isValid() || !negated.isValid()
-        || !NumberType::isInRange(negated, false, state.dataType))
-        return unchanged(state);
+        || !NumberType::isInRange(negated, false, dataType))
+        return {};
 
-    QString number = m_display->formatNumber(negated, state.dataType);
+    QString number = m_display.formatNumber(negated, dataType);
     // The value is what the new text says, as if it had been typed.
-    QString shownBare = number;
-    shownBare.remove(m_display->thousandsChar());
-    QVariant value = convert(read(shownBare), state.dataType);
+    NumberReading shown;
+    QVariant value = read(number, shown) ? convert(shown) : QVariant();
     if (!value.isValid())
         value = negated;
-    if (!showsExactly(number, value, nullptr, state.dataType))
-        return unchanged(state);
+    if (!showsExactly(number, value, nullptr))
+        return {};
     // A zero gets its minus even where the type has no negatives: the entry stays refused
     // until the sign goes again, but the key does what it does everywhere else.
     if (NumberType::isZero(value) && !hadMinus && !number.startsWith(minus))
         number.prepend(minus);
-    if (number == m_display->stripped(state.text))
-        return unchanged(state);
+    if (number == bare)
+        return {};
 
     // The caret moves with the sign from where it stood in the shown text; a left symbol is
     // then added in front of it again, as it is for every formatted text.
     const int newCaret = std::clamp(hadMinus ? state.selStart - 1 : state.selStart + 1, 0,
                                     int(number.size()));
-    QString text = m_display->withSymbol(number);
-    const int caret = newCaret + m_display->leftSymbolLength(text);
-    return accepted(state, std::move(text), caret, value);
+    QString text = m_display.withSymbol(number);
+    const int caret = newCaret + m_display.leftSymbolLength(text);
+    return accept(state, std::move(text), caret, std::move(value), dataType);
 }
 
-NumberEditResult NumberEditor::decimalJump(const NumberEditState &state) const
+NumberEditResult NumberEditor::jumpToDecimals(NumberEditState &state) const
 {
-    const QString bare = m_display->stripped(state.text);
-    const qsizetype at = bare.indexOf(m_display->decimalChar());
+    const QStringView bare = m_display.stripped(state.text);
+    const qsizetype at = bare.indexOf(m_display.decimalChar());
     if (at < 0)
-        return unchanged(state);
-    return caretMovedTo(state, int(at) + 1 + m_display->leftSymbolLength(state.text));
+        return {};
+    return moveCaret(state, int(at) + 1 + m_display.leftSymbolLength(state.text));
 }
 
-NumberEditResult NumberEditor::paste(const NumberEditState &state, const QString &clipboard) const
+NumberEditResult NumberEditor::pasteText(NumberEditState &state, QStringView clipboard) const
 {
     if (state.locked)
-        return unchanged(state);
-    QString cleaned = clipboard;
-    if (!m_display->currencySymbol().isEmpty())
-        cleaned.remove(m_display->currencySymbol());
-    cleaned.remove(m_display->thousandsChar());
+        return {};
+    QString cleaned = clipboard.toString();
+    if (!m_display.currencySymbol().isEmpty())
+        cleaned.remove(m_display.currencySymbol());
+    cleaned.remove(m_display.thousandsChar());
     cleaned.removeIf([](QChar c) { return c.isSpace(); });
     if (cleaned.isEmpty())
-        return unchanged(state);
+        return {};
 
-    const QChar minus = m_display->minusChar();
+    const QChar minus = m_display.minusChar();
     bool seenDecimal = false;
     for (qsizetype i = 0; i < cleaned.size(); ++i) {
         const QChar c = cleaned.at(i);
-        if (digitOf(c) >= 0)
+        if (NumberReading::digitOf(c) >= 0)
             continue;
-        if (c == m_display->decimalChar() && !seenDecimal) {
+        if (c == m_display.decimalChar() && !seenDecimal) {
             seenDecimal = true;
             continue;
         }
         if (i == 0 && (c == u'-' || c == minus))
             continue;
-        return unchanged(state);
+        return {};
     }
-    return insertText(state, cleaned);
+    return insert(state, cleaned, -1);
 }
 
-NumberEditResult NumberEditor::step(const NumberEditState &state, bool up) const
+NumberEditResult NumberEditor::stepValue(NumberEditState &state, bool up) const
 {
     if (state.locked)
-        return unchanged(state);
-    const QVariant next = up ? NumberType::add(state.value, state.increment, state.dataType)
-                             : NumberType::subtract(state.value, state.increment, state.dataType);
-    if (!next.isValid() || !NumberType::isInRange(next, false, state.dataType))
-        return unchanged(state);
+        return {};
+    QVariant next = m_rules.stepped(state.value, up);
+    if (!next.isValid())
+        return {};
 
-    const QString number = m_display->formatNumber(next, state.dataType);
-    if (!showsExactly(number, next, nullptr, state.dataType))
-        return unchanged(state);
+    QString text;
+    text += m_display.leftSymbol();
+    const int numberAt = int(text.size());
+    appendFormatted(text, next, false);
+    if (!showsExactly(QStringView(text).sliced(numberAt), next, nullptr))
+        return {};
+    text += m_display.rightSymbol();
 
     const int length = int(state.text.size());
     const int fromRight = length - std::clamp(state.selStart, 0, length);
-    QString text = m_display->withSymbol(number);
     const int caret = std::max(0, int(text.size()) - fromRight);
-    return accepted(state, std::move(text), caret, next);
-}
-
-NumberEditResult NumberEditor::keyPress(const NumberEditState &state, int keyAscii) const
-{
-    if (keyAscii >= '0' && keyAscii <= '9')
-        return insertText(state, QString(QChar(keyAscii)));
-    switch (keyAscii) {
-    case ',':
-    case '.':
-        return decimalJump(state);
-    case '-':
-        return toggleSign(state);
-    case 8:
-        return insertText(state, QString());
-    default:
-        return unchanged(state);
-    }
+    return accept(state, std::move(text), caret, std::move(next), m_rules.dataType());
 }
 
 } // namespace Tarnwell

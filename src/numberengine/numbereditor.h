@@ -2,18 +2,21 @@
 #include <tarnwell/constants.h>
 #include <tarnwell/global.h>
 
+#include "numberengine/numberdisplay.h"
+#include "numberengine/numberreading.h"
+#include "numberengine/numberrules.h"
+
 #include <QString>
 #include <QStringView>
 #include <QVariant>
 
 namespace Tarnwell {
 
-class NumberDisplay;
-
-// What a number box holds when an edit starts: its shown text and selection (positions count
+// What a number box holds while it is edited: its shown text and selection (positions count
 // characters of the shown text, currency symbol included), whether it is read-only, and the
-// number properties. The text is expected to be what the box last showed, but any text is
-// handled: an edit that would not leave a well-formed number is refused.
+// stored Value, which a step starts from. The text is expected to be what the box last showed,
+// but any text is handled: an edit that would not leave a well-formed number is refused. An
+// accepted edit rewrites text, caret (the selection collapses) and value in place.
 struct NumberEditState
 {
     QString text;
@@ -21,34 +24,48 @@ struct NumberEditState
     int selLength = 0;
     bool locked = false;
     QVariant value;
-    int dataType = twCurrency;
-    QVariant minimum;
-    QVariant maximum;
-    QVariant increment = QVariant::fromValue<qint16>(1);
 };
 
-// The outcome of one edit. When nothing was accepted it repeats the state it was given.
+// What one edit changed; all false when it was refused, and the state is then as it was.
 struct NumberEditResult
 {
-    QString text;
-    int selStart = 0;
-    int selLength = 0;
-    QVariant value;
-    bool textChanged = false;  // write text to the box; its Change is to be raised
-    bool caretChanged = false; // only the caret or selection moved
+    bool textChanged = false;  // write the text to the box; its Change is to be raised
+    bool caretChanged = false; // the caret or the selection moved
     bool valueChanged = false; // a new value was stored (it may format to the same text)
 
     bool changed() const { return textChanged || caretChanged || valueChanged; }
 };
 
-// The number box's edit routines, on a plain state: no widget, no signals. Every edit is done on
-// a scratch text with the currency symbol taken off, checked, formatted and handed back with the
-// caret. The shown text is always a number of the data type, within the type's limits (the
-// Minimum..Maximum range is only enforced when focus leaves), with at most DecimalPlaces
-// decimals, formatted by the display; the single exception is the negative zero "-0.00" a user
-// gets by pressing "-" before typing digits, or by deleting every digit of a negative number.
+// One edit, as the box's events describe it. `text` is only borrowed for the call.
+struct NumberEdit
+{
+    enum Kind : quint8 { Insert, Backspace, Delete, ToggleSign, DecimalJump, Paste, Step, Key };
+
+    Kind kind = Insert;
+    QStringView text; // Insert: the characters typed; Paste: the clipboard's text
+    int caret = -1;   // Insert: -1 edits at the selection, else the caret is put there first
+    int code = 0;     // Key: the character code; Step: non-zero steps up
+
+    static NumberEdit insert(QStringView text, int caret = -1) { return {Insert, text, caret, 0}; }
+    static NumberEdit backspace() { return {Backspace, {}, -1, 0}; }
+    static NumberEdit deleteForward() { return {Delete, {}, -1, 0}; }
+    static NumberEdit toggleSign() { return {ToggleSign, {}, -1, 0}; }
+    static NumberEdit decimalJump() { return {DecimalJump, {}, -1, 0}; }
+    static NumberEdit paste(QStringView clipboard) { return {Paste, clipboard, -1, 0}; }
+    static NumberEdit step(bool up) { return {Step, {}, -1, up ? 1 : 0}; }
+    static NumberEdit key(int keyAscii) { return {Key, {}, -1, keyAscii}; }
+};
+
+// The number box's editing engine: its display and its number rules held by value, one edit
+// routine with the keys as thin wrappers, and the conversions between shown text and value. A
+// plain value class: no widget, no signals; copy it freely. Every edit is done on the text with
+// the currency symbol taken off, checked, formatted and handed back with the caret. The shown
+// text is always a number of the data type, within the type's limits (the Minimum..Maximum
+// range is only enforced when focus leaves), with at most DecimalPlaces decimals, formatted by
+// the display; the single exception is the negative zero "-0.00" a user gets by pressing "-"
+// before typing digits, or by deleting every digit of a negative number.
 //
-// Rules of insertText(s, caret) - typing (s one digit), Backspace (s empty), paste (s cleaned):
+// Insert (typing, Backspace as an empty insert, paste once cleaned):
 //   1. Nothing while locked. With decimals, typing at the very end of the text is refused.
 //   2. Backspace with no selection removes the character left of the caret; a grouping
 //      character goes together with the digit before it; left of the decimal character nothing
@@ -60,78 +77,104 @@ struct NumberEditResult
 //      with it.
 //   5. The result, grouping characters removed, must read as an optional "-", digits and at most
 //      one decimal character followed by at most DecimalPlaces digits; its value must convert
-//      to the data type and lie within the type's limits. Otherwise nothing changes. An empty
-//      whole part reads as 0, so deleting every digit shows 0 ("-0" when the minus stays).
+//      to the data type and lie within the type's limits, and the text it shows must be the
+//      number typed (a type that would round it refuses it). Otherwise nothing changes. An
+//      empty whole part reads as 0, so deleting every digit shows 0 ("-0" when the minus stays).
 //   6. The caret goes back to the same place counted from the right in characters that are not
 //      grouping characters, as if the decimals had already been padded to DecimalPlaces; where
 //      a grouping character appears beside it, it stays left of it, right after its digit.
 //      Typing 1234 into "0.00" thus gives "1,234.00" with the caret after the 4.
 //
-// Other routines:
-//   deleteForward    Delete: a selection goes as with Backspace; otherwise the character right
-//                    of the caret, first stepping over a grouping or decimal character.
-//   toggleSign       "-": the number negated; the caret moves one right (one left when the
-//                    minus goes) from where it stood in the shown text, and a left symbol then
-//                    shifts it again. On a zero it adds or removes the "-" of a negative entry.
-//   decimalJump      "," or ".": the caret right after the decimal character, if any.
-//   paste            grouping characters, blanks and the currency symbol are dropped; anything
-//                    else but digits, one decimal character and a leading "-" refuses the paste.
-//   step             Value +- Increment within the type's limits (not Minimum..Maximum); the caret
-//                    keeps its distance in characters from the right end. Refused while locked.
-//   keyPress         the character keys of the box: digits, "," ".", "-", Backspace (8).
+// The other edits:
+//   Delete       a selection goes as with Backspace; otherwise the character right of the
+//                caret, first stepping over a grouping or decimal character.
+//   ToggleSign   "-": the number negated; the caret moves one right (one left when the minus
+//                goes) from where it stood in the shown text, and a left symbol then shifts it
+//                again. On a zero it adds or removes the "-" of a negative entry.
+//   DecimalJump  "," or ".": the caret right after the decimal character, if any.
+//   Paste        grouping characters, blanks and the currency symbol are dropped; anything else
+//                but digits, one decimal character and a leading "-" refuses the paste.
+//   Step         Value +- Increment within the type's limits (not Minimum..Maximum); the caret
+//                keeps its distance in characters from the right end. Refused while locked.
+//   Key          the character keys of the box: digits, "," ".", "-", Backspace (8). Ctrl+V
+//                (22) is left to the caller, which reads the clipboard and pastes; Ctrl+C (3)
+//                is the one key the box passes on; every other key changes nothing.
 class NumberEditor
 {
 public:
-    explicit NumberEditor(const NumberDisplay &display) : m_display(&display) {}
+    explicit NumberEditor(const NumberDisplay &display = NumberDisplay(),
+                          const NumberRules &rules = NumberRules());
 
-    const NumberDisplay &display() const { return *m_display; }
+    const NumberDisplay &display() const { return m_display; }
+    NumberDisplay &display() { return m_display; }
+    const NumberRules &rules() const { return m_rules; }
+    NumberRules &rules() { return m_rules; }
+    int dataType() const { return m_rules.dataType(); }
 
-    // caret -1 edits at the state's selection; another value puts the caret there (the state's
-    // selection length still applies) before editing.
-    NumberEditResult insertText(const NumberEditState &state, const QString &s,
-                                int caret = -1) const;
-    NumberEditResult deleteForward(const NumberEditState &state) const;
-    NumberEditResult toggleSign(const NumberEditState &state) const;
-    NumberEditResult decimalJump(const NumberEditState &state) const;
-    NumberEditResult paste(const NumberEditState &state, const QString &clipboard) const;
-    NumberEditResult step(const NumberEditState &state, bool up) const;
+    // The one edit routine.
+    NumberEditResult edit(NumberEditState &state, const NumberEdit &edit) const;
 
-    // A typed character (key code as the host's KeyPress gives it). Ctrl+V (22) is left to the
-    // caller, which reads the clipboard and calls paste(); Ctrl+C (3) is the one key the box
-    // passes on; every other key not listed above is swallowed and changes nothing.
-    NumberEditResult keyPress(const NumberEditState &state, int keyAscii) const;
+    NumberEditResult insertText(NumberEditState &state, QStringView s, int caret = -1) const
+    {
+        return edit(state, NumberEdit::insert(s, caret));
+    }
+    NumberEditResult backspace(NumberEditState &state) const { return edit(state, NumberEdit::backspace()); }
+    NumberEditResult deleteForward(NumberEditState &state) const { return edit(state, NumberEdit::deleteForward()); }
+    NumberEditResult toggleSign(NumberEditState &state) const { return edit(state, NumberEdit::toggleSign()); }
+    NumberEditResult decimalJump(NumberEditState &state) const { return edit(state, NumberEdit::decimalJump()); }
+    NumberEditResult paste(NumberEditState &state, QStringView clipboard) const
+    {
+        return edit(state, NumberEdit::paste(clipboard));
+    }
+    NumberEditResult step(NumberEditState &state, bool up) const { return edit(state, NumberEdit::step(up)); }
+    NumberEditResult keyPress(NumberEditState &state, int keyAscii) const
+    {
+        return edit(state, NumberEdit::key(keyAscii));
+    }
 
-    // The text a value shows (the number formatted, with the currency symbol).
-    QString showValue(const QVariant &value, int dataType) const;
+    // The text a value shows (the number in the data type, formatted, with the currency symbol).
+    QString showValue(const QVariant &value) const;
 
-    // The bare number the shown text holds, read strictly (grouping characters and the currency
+    // The number the shown text holds, read strictly (grouping characters and the currency
     // symbol removed; "-0" allowed): Empty when the text is not such a number of the data type
     // within its limits with at most DecimalPlaces decimals.
-    QVariant valueOfText(const QString &text, int dataType) const;
+    QVariant valueOfText(QStringView text) const;
 
 private:
-    // The bare number, grouping characters already removed, read strictly.
-    struct Reading
+    // The text with the symbol taken off and a selection moved onto it, as the box's scratch
+    // text holds it after StripCurrencySymbol.
+    struct Bare
     {
-        bool ok = false;
-        bool negative = false;
-        bool hasDecimal = false;
-        int decimals = 0;
-        QString canonical; // "-123.45": C-locale text for the conversion
+        QStringView text;
+        int start = 0;
+        int length = 0;
+        int offset = 0; // characters of a left symbol
     };
-    Reading read(QStringView bare) const;
-    QVariant convert(const Reading &reading, int dataType) const;
-    // Shown number for an accepted reading with its value: formatted, "-" kept on a zero.
-    QString formatAccepted(const Reading &reading, const QVariant &value, int dataType) const;
-    // Whether `number` (as formatAccepted gives it for `value`) may be shown: an exact type
-    // must show the very number typed (`typed`, or none to skip that test), and any type must
-    // show a text that reads back as a value formatting to that same text.
-    bool showsExactly(const QString &number, const QVariant &value, const Reading *typed,
-                      int dataType) const;
-    NumberEditResult edit(const NumberEditState &state, const QString &s, int start,
-                          int length) const;
+    Bare bareOf(QStringView text, int selStart, int selLength) const;
 
-    const NumberDisplay *m_display;
+    NumberEditResult insert(NumberEditState &state, QStringView s, int caret) const;
+    NumberEditResult replace(NumberEditState &state, QStringView s, int start, int length) const;
+    NumberEditResult deleteAtCaret(NumberEditState &state) const;
+    NumberEditResult negate(NumberEditState &state) const;
+    NumberEditResult jumpToDecimals(NumberEditState &state) const;
+    NumberEditResult pasteText(NumberEditState &state, QStringView clipboard) const;
+    NumberEditResult stepValue(NumberEditState &state, bool up) const;
+
+    // Reads a number, its grouping characters dropped wherever they stand.
+    bool read(QStringView number, NumberReading &r) const;
+    // The reading in the data type (Empty when it does not convert or leaves the type's limits).
+    // `shownExactly` is set when the formatted value is known to be the number read.
+    QVariant convert(const NumberReading &r, bool *shownExactly = nullptr) const;
+    // The formatted number, a "-" kept on a zero when `minusOnZero`.
+    void appendFormatted(QString &out, const QVariant &value, bool minusOnZero) const;
+    void appendDigits(QString &out, const DecimalDigits &digits, bool minusOnZero) const;
+    // Whether `number` (as formatted for `value`) may be shown: an exact type must show the very
+    // number typed (`typed`, or none to skip that test), and any type must show a text that
+    // reads back as a value formatting to that same text.
+    bool showsExactly(QStringView number, const QVariant &value, const NumberReading *typed) const;
+
+    NumberDisplay m_display;
+    NumberRules m_rules;
 };
 
 } // namespace Tarnwell

@@ -1,9 +1,16 @@
 #include "numberengine/numberdisplay.h"
+#include "numberengine/numbertype.h"
 #include "numberengine/textworkspace.h"
+#include "platform/numberformat.h"
 
+#include <tarnwell/currency.h>
 #include <tarnwell/decimal.h>
 
 #include "common/testsupport.h"
+
+#include <QRandomGenerator>
+
+#include <cmath>
 
 namespace Tarnwell {
 namespace {
@@ -112,6 +119,80 @@ INSTANTIATE_TEST_SUITE_P(Values, FormatValue, testing::Values(
     FormatRow{"decimal exact", enUS, twDecimal, 3, true, twNoCurrency, "$",
           QVariant::fromValue(Decimal::parse(QStringLiteral("1234567890123456789012345.678"), QLocale::c())),
           "1,234,567,890,123,456,789,012,345.678"}), rowName);
+
+// The display writes what the platform's general formatter writes for the display's pattern,
+// over the locales a box meets, 0..5 places and grouping on and off.
+void expectSameAsTheFormatter(const QVariant &value, int type)
+{
+    static const QLocale locales[] = {enUS, deDE, TestSupport::frFR,
+                                      QLocale(QLocale::German, QLocale::Switzerland),
+                                      QLocale(QLocale::Swedish, QLocale::Sweden),
+                                      QLocale(QLocale::Hindi, QLocale::India)};
+    for (const QLocale &locale : locales) {
+        NumberDisplay display(locale);
+        for (int places = 0; places <= 5; ++places) {
+            for (const bool grouping : {true, false}) {
+                display.setDecimalPlaces(qint16(places));
+                display.setThousandSeparator(grouping);
+                const QString expected = NumberFormat::format(
+                    NumberType::convertToType(value, type, locale), display.buildFormatString(), locale);
+                ASSERT_EQ(display.formatNumber(value, type), expected)
+                    << locale.name().toStdString() << " " << places << " places, grouping " << grouping;
+            }
+        }
+    }
+}
+
+QVariant cur(const char *text) { return QVariant::fromValue(Currency::parse(QString::fromLatin1(text), QLocale::c())); }
+QVariant dec(const char *text) { return QVariant::fromValue(Decimal::parse(QString::fromLatin1(text), QLocale::c())); }
+
+struct AgreementRow { const char *name; int type; QVariant value; };
+class FormatterAgreement : public testing::TestWithParam<AgreementRow> {};
+
+TEST_P(FormatterAgreement, WritesWhatThePlatformFormatterWrites)
+{
+    expectSameAsTheFormatter(GetParam().value, GetParam().type);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, FormatterAgreement, testing::Values(
+    AgreementRow{"empty", twDouble, QVariant()},
+    AgreementRow{"negative zero double", twDouble, -0.0},
+    AgreementRow{"negative rounding to zero", twDouble, -0.001},
+    AgreementRow{"half away from zero", twDouble, 2.675},
+    AgreementRow{"rounding carries into a new group", twDouble, 999999.995},
+    AgreementRow{"double with fifteen digits", twDouble, 123456789.123456},
+    AgreementRow{"double top limit", twDouble, 1.79769313486231E+308},
+    AgreementRow{"double tiny", twDouble, 1e-300},
+    AgreementRow{"single near its limit", twSingle, QVariant::fromValue<float>(3.4e38f)},
+    AgreementRow{"single seven digits", twSingle, QVariant::fromValue<float>(-1234.567f)},
+    AgreementRow{"currency half", twCurrency, cur("0.125")},
+    AgreementRow{"currency bottom limit", twCurrency, cur("-922337203685477")},
+    AgreementRow{"decimal top", twDecimal, dec("79228162514264337593543950335")},
+    AgreementRow{"decimal smallest step", twDecimal, dec("-0.0000000000000000000000000001")},
+    AgreementRow{"decimal trailing zeros", twDecimal, dec("1000.500")},
+    AgreementRow{"long bottom", twLong, QVariant::fromValue<qint32>(-2147483647 - 1)},
+    AgreementRow{"integer converted from a double", twInteger, 2.5},
+    AgreementRow{"byte top", twByte, 255},
+    AgreementRow{"unknown type shows zero", 9, 5}), rowName);
+
+// Values spread over every magnitude each type holds, from a fixed seed.
+TEST(FormatterAgreement, OverRandomValuesOfEveryType)
+{
+    QRandomGenerator random(20240611);
+    for (int i = 0; i < 60; ++i) {
+        const double magnitude = std::pow(10.0, random.bounded(-12, 40));
+        const double d = (random.generateDouble() - 0.5) * magnitude;
+        const auto raw = qint64(random.generate64() >> random.bounded(1, 63)) * (i % 2 ? -1 : 1);
+        expectSameAsTheFormatter(d, twDouble);
+        expectSameAsTheFormatter(QVariant::fromValue<float>(float(d)), twSingle);
+        expectSameAsTheFormatter(QVariant::fromValue(Currency::fromRaw(raw)), twCurrency);
+        expectSameAsTheFormatter(QVariant::fromValue(Decimal::fromParts(
+                                     random.generate(), random.generate(), random.generate() >> (i % 32),
+                                     random.bounded(0, 29), i % 3 == 0)),
+                                 twDecimal);
+        expectSameAsTheFormatter(QVariant::fromValue<qint32>(qint32(random.generate())), twLong);
+    }
+}
 
 using D = NumberDisplay;
 struct RoleRow { const char *name; bool enabled; bool useNegative; QVariant value; D::ColorRole expected; };

@@ -1,10 +1,15 @@
-#include "numberengine/numberdisplay.h"
 #include "numberengine/numbereditor.h"
+#include "numberengine/numbertype.h"
 
 #include <tarnwell/constants.h>
+#include <tarnwell/decimal.h>
 #include <tarnwell/variant.h>
 
 #include "common/testsupport.h"
+
+#include <QRandomGenerator>
+
+#include <cmath>
 
 namespace Tarnwell {
 namespace {
@@ -41,7 +46,7 @@ NumberEditState parseState(const char *marked)
     return state;
 }
 
-QString marked(const NumberEditResult &r)
+QString marked(const NumberEditState &r)
 {
     QString text = r.text;
     if (r.selLength > 0)
@@ -49,44 +54,41 @@ QString marked(const NumberEditResult &r)
     return text.insert(r.selStart, u'|');
 }
 
+NumberEditor editorFor(const QLocale &locale, int type, int places, int position = twNoCurrency,
+                       const char *symbol = "$")
+{
+    NumberDisplay display(locale);
+    display.setDecimalPlaces(qint16(places));
+    display.setShowCurrencySymbol(position);
+    display.setCurrencySymbol(QString::fromUtf8(symbol));
+    return NumberEditor(display, NumberRules(type));
+}
+
 class NumberEditorTest : public testing::TestWithParam<Case> {};
 
 TEST_P(NumberEditorTest, KeysGiveTextAndCaret)
 {
     const Case &c = GetParam();
-    NumberDisplay display(c.locale);
-    display.setDecimalPlaces(qint16(c.places));
-    display.setShowCurrencySymbol(c.position);
-    display.setCurrencySymbol(QString::fromUtf8(c.symbol));
-    const NumberEditor editor(display);
+    NumberEditor editor = editorFor(c.locale, c.type, c.places, c.position, c.symbol);
+    editor.rules().setIncrement(QString::fromLatin1(c.increment));
 
     NumberEditState state = parseState(c.start);
-    state.dataType = c.type;
-    state.value = editor.valueOfText(state.text, c.type);
+    state.value = editor.valueOfText(state.text);
     ASSERT_TRUE(state.value.isValid()) << "start text is not a number of the type";
-    state.increment = QVariant(QString::fromLatin1(c.increment));
-    NumberEditResult r;
-    r.text = state.text;
-    r.selStart = state.selStart;
-    r.selLength = state.selLength;
     for (const char *k = c.keys; *k; ++k) {
         switch (*k) {
-        case '#': state.locked = true; continue;
-        case '~': r = editor.deleteForward(state); break;
-        case '^': r = editor.step(state, true); break;
-        case 'v': r = editor.step(state, false); break;
-        default: r = editor.keyPress(state, *k == '\b' ? 8 : *k); break;
+        case '#': state.locked = true; break;
+        case '~': editor.deleteForward(state); break;
+        case '^': editor.step(state, true); break;
+        case 'v': editor.step(state, false); break;
+        default: editor.keyPress(state, *k == '\b' ? 8 : *k); break;
         }
-        state.text = r.text;
-        state.selStart = r.selStart;
-        state.selLength = r.selLength;
-        state.value = r.value;
     }
-    EXPECT_EQ(marked(r), QString::fromUtf8(c.expected));
+    EXPECT_EQ(marked(state), QString::fromUtf8(c.expected));
     // Whatever is shown, the value agrees with it (a "-0" entry holds zero).
-    const QVariant shown = editor.valueOfText(r.text, c.type);
+    const QVariant shown = editor.valueOfText(state.text);
     ASSERT_TRUE(shown.isValid());
-    EXPECT_EQ(Variant::compare(shown, r.value), 0);
+    EXPECT_EQ(Variant::compare(shown, state.value), 0);
 }
 
 const Case typing[] = {
@@ -191,13 +193,11 @@ class NumberEditorPaste : public testing::TestWithParam<PasteRow> {};
 TEST_P(NumberEditorPaste, CleansOrRefuses)
 {
     const PasteRow &row = GetParam();
-    NumberDisplay display(row.locale);
-    display.setDecimalPlaces(2);
-    const NumberEditor editor(display);
+    const NumberEditor editor = editorFor(row.locale, twCurrency, 2);
     NumberEditState state = parseState(row.start);
-    state.dataType = twCurrency;
-    state.value = editor.valueOfText(state.text, twCurrency);
-    EXPECT_EQ(marked(editor.paste(state, QString::fromUtf8(row.clip))), QString::fromUtf8(row.expected));
+    state.value = editor.valueOfText(state.text);
+    editor.paste(state, QString::fromUtf8(row.clip));
+    EXPECT_EQ(marked(state), QString::fromUtf8(row.expected));
 }
 
 INSTANTIATE_TEST_SUITE_P(Paste, NumberEditorPaste, testing::Values(
@@ -215,25 +215,149 @@ INSTANTIATE_TEST_SUITE_P(Paste, NumberEditorPaste, testing::Values(
 
 TEST(NumberEditorTest, ChangeFlags)
 {
-    NumberDisplay display(English);
-    const NumberEditor editor(display);
-    NumberEditState state = parseState("12.|34");
-    state.dataType = twDouble;
-    state.value = QVariant(12.34);
+    const NumberEditor editor = editorFor(English, twDouble, 2);
+    const NumberEditState start = [] {
+        NumberEditState s = parseState("12.|34");
+        s.value = QVariant(12.34);
+        return s;
+    }();
 
-    const NumberEditResult jump = editor.insertText(state, QString()); // over the decimal char
+    NumberEditState state = start;
+    const NumberEditResult jump = editor.backspace(state); // over the decimal char
     EXPECT_FALSE(jump.textChanged);
     EXPECT_TRUE(jump.caretChanged);
     EXPECT_FALSE(jump.valueChanged);
 
-    const NumberEditResult typed = editor.insertText(state, QStringLiteral("5"));
+    state = start;
+    const NumberEditResult typed = editor.insertText(state, u"5");
     EXPECT_TRUE(typed.textChanged);
     EXPECT_TRUE(typed.valueChanged);
-    EXPECT_EQ(typed.value.toDouble(), 12.54);
+    EXPECT_EQ(state.value.toDouble(), 12.54);
 
-    const NumberEditResult refused = editor.insertText(state, QStringLiteral("x"));
+    state = start;
+    const NumberEditResult refused = editor.insertText(state, u"x");
     EXPECT_FALSE(refused.changed());
-    EXPECT_EQ(refused.value, state.value);
+    EXPECT_EQ(marked(state), QStringLiteral("12.|34"));
+    EXPECT_EQ(state.value, start.value);
+}
+
+// Edits described directly, as a program's insert or a drop at a point gives them: the caret
+// is put where the edit says first, and a selection's length still applies from there.
+struct DescribedRow { const char *name; const char *start; NumberEdit edit; const char *expected; };
+class DescribedEdits : public testing::TestWithParam<DescribedRow> {};
+
+TEST_P(DescribedEdits, ActAtTheirOwnCaret)
+{
+    const NumberEditor editor = editorFor(English, twDouble, 2);
+    NumberEditState state = parseState(GetParam().start);
+    state.value = editor.valueOfText(state.text);
+    editor.edit(state, GetParam().edit);
+    EXPECT_EQ(marked(state), QString::fromLatin1(GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, DescribedEdits, testing::Values(
+    DescribedRow{"insert at a caret of its own", "1.00|", NumberEdit::insert(u"5", 1), "15|.00"},
+    DescribedRow{"insert keeps the selection length", "[1].00", NumberEdit::insert(u"9", 0), "9|.00"},
+    DescribedRow{"insert past the end clamps", "1|.00", NumberEdit::insert(u"5", 40), "1|.00"},
+    DescribedRow{"step down", "3|.00", NumberEdit::step(false), "2|.00"},
+    DescribedRow{"typed key", "|3.00", NumberEdit::key('-'), "-|3.00"},
+    DescribedRow{"unknown key does nothing", "3|.00", NumberEdit::key('x'), "3|.00"}), rowName);
+
+// A value with its storage type, the scale of a Decimal and the sign of a zero double.
+QString describe(const QVariant &v)
+{
+    if (!v.isValid())
+        return QStringLiteral("Empty");
+    QString type = QString::fromLatin1(v.metaType().name());
+    type.remove(QStringLiteral("Tarnwell::"));
+    QString text = type + u':' + Variant::toString(v, QLocale::c());
+    if (v.metaType() == QMetaType::fromType<Decimal>())
+        text += u'@' + QString::number(v.value<Decimal>().scale());
+    if (v.metaType() == QMetaType::fromType<double>() && v.toDouble() == 0 && std::signbit(v.toDouble()))
+        text.prepend(u'-');
+    return text;
+}
+
+// What the type's own conversion makes of the plain text, kept only within the type's limits.
+QVariant platformValue(const QString &plain, int type)
+{
+    const QVariant v = NumberType::convertToType(QVariant(plain), type, QLocale::c());
+    return NumberType::isInRange(v, false, type) ? v : QVariant();
+}
+
+struct ReadRow { const char *name; int type; int places; const char *text; const char *expected; };
+class ValueOfText : public testing::TestWithParam<ReadRow> {};
+
+// Shown texts read back as the type's own conversion of the same number reads them.
+TEST_P(ValueOfText, IsTheTypesConversionOfTheNumber)
+{
+    const ReadRow &row = GetParam();
+    const NumberEditor editor = editorFor(English, row.type, row.places);
+    const QString text = QString::fromLatin1(row.text);
+    const QVariant value = editor.valueOfText(text);
+    EXPECT_EQ(describe(value), QString::fromLatin1(row.expected));
+    if (value.isValid()) {
+        EXPECT_EQ(describe(value), describe(platformValue(QString(text).remove(u','), row.type)));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Types, ValueOfText, testing::Values(
+    ReadRow{"byte negative zero", twByte, 0, "-0", "short:0"},
+    ReadRow{"byte over", twByte, 0, "256", "Empty"},
+    ReadRow{"integer bottom", twInteger, 0, "-32,768", "short:-32768"},
+    ReadRow{"integer over", twInteger, 0, "32,768", "Empty"},
+    ReadRow{"integer rounds half to even", twInteger, 1, "2.5", "short:2"},
+    ReadRow{"integer rounds half up to even", twInteger, 1, "3.5", "short:4"},
+    ReadRow{"long over", twLong, 0, "2,147,483,648", "Empty"},
+    ReadRow{"currency top", twCurrency, 4, "922,337,203,685,477.0000", "Currency:922337203685477"},
+    ReadRow{"currency just past top", twCurrency, 4, "922,337,203,685,477.9999", "Empty"},
+    ReadRow{"currency bottom", twCurrency, 2, "-922,337,203,685,477.00", "Currency:-922337203685477"},
+    ReadRow{"currency fifth decimal zero", twCurrency, 5, "1.23450", "Currency:1.2345"},
+    ReadRow{"decimal keeps its scale", twDecimal, 3, "1.500", "Decimal:1.5@3"},
+    ReadRow{"decimal negative zero", twDecimal, 2, "-0.00", "Decimal:0@2"},
+    ReadRow{"decimal top", twDecimal, 0, "79,228,162,514,264,337,593,543,950,335",
+            "Decimal:79228162514264337593543950335@0"},
+    ReadRow{"decimal past top", twDecimal, 0, "79,228,162,514,264,337,593,543,950,336", "Empty"},
+    ReadRow{"double negative zero", twDouble, 2, "-0.00", "-double:0"},
+    ReadRow{"double many digits", twDouble, 4, "1,234,567,890,123,456,789.1234", "double:1.23456789012346E+18"},
+    ReadRow{"single above its published limit", twSingle, 0,
+            "340,282,300,000,000,000,000,000,000,000,000,000,000", "Empty"},
+    ReadRow{"single below it", twSingle, 0, "340,282,000,000,000,000,000,000,000,000,000,000,000",
+            "float:3.40282E+38"},
+    ReadRow{"too many decimals", twDouble, 2, "1.234", "Empty"},
+    ReadRow{"not a number", twDouble, 2, "1.2.3", "Empty"}), rowName);
+
+// Random digit strings of every length a box holds read as the type's own conversion reads them,
+// or are refused where that conversion fails or leaves the type's limits.
+TEST(ValueOfText, AgreesWithTheTypesConversionOnRandomNumbers)
+{
+    QRandomGenerator random(4242);
+    for (int type = twByte; type <= twDecimal; ++type) {
+        const NumberEditor editor = editorFor(English, type, 6);
+        for (int i = 0; i < 400; ++i) {
+            QString plain = random.bounded(3) == 0 ? QStringLiteral("-") : QString();
+            const int whole = random.bounded(0, 32);
+            for (int d = 0; d < whole; ++d)
+                plain += QChar(u'0' + random.bounded(d == 0 && whole > 1 ? 1 : 0, 10));
+            if (whole == 0)
+                plain += u'0';
+            const int decimals = random.bounded(0, 7);
+            if (decimals > 0)
+                plain += u'.';
+            for (int d = 0; d < decimals; ++d)
+                plain += QChar(u'0' + random.bounded(10));
+            const QVariant expected = platformValue(plain, type);
+            ASSERT_EQ(describe(editor.valueOfText(plain)), describe(expected))
+                << "type " << type << ": " << plain.toStdString();
+            // Pasted over everything, it shows as its value formats (a zero may keep its "-").
+            NumberEditState state = parseState("[0.000000]");
+            state.value = 0;
+            editor.paste(state, plain);
+            if (state.text != u"0.000000" && !NumberType::isZero(state.value)) {
+                ASSERT_EQ(state.text, editor.showValue(state.value)) << plain.toStdString();
+            }
+        }
+    }
 }
 
 } // namespace
