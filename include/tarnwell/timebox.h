@@ -90,13 +90,9 @@ protected:
     bool stepValue(bool up) override;
 
 private:
-    // Who asks for the stored time to be shown: a Value set ticks a shown check box as the inner
-    // box's Value does; every other caller leaves the check box as the user left it.
-    enum class ShowFor { Display, ValueSet };
-
     void rebuildFields();
     void buildTimeMask();
-    void showTimeValue(ShowFor reason = ShowFor::Display);
+    void showTimeValue();
     void clearShownTime();
     bool textHidden() const;
     void switchDayHalf(short keyAscii);
@@ -112,9 +108,6 @@ private:
     bool m_isValid = false;
     Date m_minimum;
     Date m_maximum = Date(DayEndSerial);
-    // A time to show once the check box is ticked again: while it hides the text nothing is
-    // written into it.
-    bool m_showPending = false;
 };
 
 } // namespace Tarnwell

@@ -94,7 +94,6 @@ void TimeBox::setValue(const QVariant &value)
     if (clears) {
         m_time = Date();
         m_isValid = false;
-        m_showPending = false;
         UpdatingGuard updating(*this);
         buildTimeMask();
         innerBox()->setValue(Variant::null()); // clears the box, unticking a shown check box
@@ -102,7 +101,7 @@ void TimeBox::setValue(const QVariant &value)
     } else if (TimeFields::inRange(time, m_minimum, m_maximum)) {
         m_time = time;
         m_isValid = true;
-        showTimeValue(ShowFor::ValueSet);
+        showTimeValue();
     } else {
         m_isValid = false; // the old text stays until the box is shown again
     }
@@ -137,7 +136,7 @@ bool TimeBox::textHidden() const
     return CheckBox() && !Checked();
 }
 
-void TimeBox::showTimeValue(ShowFor reason)
+void TimeBox::showTimeValue()
 {
     UpdatingGuard updating(*this);
     MaskBox *box = innerBox();
@@ -152,13 +151,10 @@ void TimeBox::showTimeValue(ShowFor reason)
             m_currentMask = *shown.mask;
             box->setMask(m_currentMask);
         }
-        // Writing a value into the inner box ticks its check box; a box the user (or the host)
-        // left unticked keeps its time for when it is ticked again.
-        m_showPending = reason == ShowFor::Display && textHidden();
-        if (!m_showPending)
-            box->setValue(shown.digits);
+        // Writing a value into the inner box ticks its check box, as every refresh of a value
+        // does (DateBox alike): a held time shows, and the box is ticked for it.
+        box->setValue(shown.digits);
     } else {
-        m_showPending = false;
         clearShownTime();
     }
     updateValueControls();
@@ -182,8 +178,6 @@ void TimeBox::onTextChanged()
     if (isUpdating())
         return;
     QPointer<TimeBox> self(this);
-    if (m_showPending && !textHidden())
-        showTimeValue();
     MaskBox *box = innerBox();
     const QVariant raw = box->Value();
     const TimeFields::Reading reading =

@@ -39,7 +39,6 @@ void TimeBox::InitProperties()
     // A new control holds no time.
     m_time = Date();
     m_isValid = false;
-    m_showPending = false;
     buildTimeMask();
     showTimeValue();
     relayout();
@@ -97,7 +96,6 @@ void TimeBox::ReadProperties(PropertyBag &bag)
             // Where a step starts; not a value, so nothing shows it.
             m_time = TimeFields::clampedNow(Date::now(), m_minimum, m_maximum);
             m_isValid = false;
-            m_showPending = false;
             innerBox()->setPromptInclude(true);
             rebuildFields();
             applyBorder();

