@@ -55,8 +55,9 @@ class HeldValueCheck : public WidgetFixture, public ::testing::WithParamInterfac
 
 TEST_P(HeldValueCheck, RefreshTicksTheBoxAndShowsTheValue)
 {
+    showAndFocus(new QLineEdit(window.get())); // the control is not being edited
     ControlFrame *control = GetParam().make(window.get());
-    showAndFocus(new QLineEdit(window.get()));
+    control->show();
     ASSERT_FALSE(control->Checked());
     EXPECT_FALSE(control->property("Value").isValid()); // unticked: no value to the host
     GetParam().refresh(control);
