@@ -19,8 +19,11 @@ namespace Tarnwell {
 // (QDateTime among them: neither DateBox nor TimeBox shows a date and a time together) gets
 // QStyledItemDelegate's own editor.
 //
-// The editors run at run time, with no check box and no border, select their text on entry, and
-// read and write the cell through their USER property, so that the cell keeps its type (an int
+// The editors run at run time, with no check box and no border, select their text on entry,
+// align their text as the cell shows it (Qt::TextAlignmentRole, left when unset), are never
+// narrower than their size hint (a date's digits and its calendar button overflow a narrow
+// column to the right, as Qt's own text editors do), and read and write the cell through their
+// USER property, so that the cell keeps its type (an int
 // stays an int, a QDate a QDate); a cleared date or time is written as an invalid QDate or QTime.
 //
 //   view->setItemDelegate(new Tarnwell::ItemDelegate(view));
@@ -39,6 +42,8 @@ public:
                           const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                              const QModelIndex &index) const override;
 };
 
 } // namespace Tarnwell

@@ -70,6 +70,16 @@ NumberBox *numberEditor(QWidget *parent, QMetaType type)
     return box;
 }
 
+twAlignmentConstants alignmentOf(const QModelIndex &index)
+{
+    const auto horizontal = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()) & Qt::AlignHorizontal_Mask;
+    if (horizontal & Qt::AlignRight)
+        return twRightJustify;
+    if (horizontal & Qt::AlignHCenter)
+        return twCenter;
+    return twLeftJustify;
+}
+
 // The control that edits a cell holding `type`; null for a type none of them edits.
 ControlFrame *controlFor(QWidget *parent, QMetaType type)
 {
@@ -103,6 +113,8 @@ QWidget *ItemDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
             control->setBorderStyle(twNone);
             // Typing replaces the cell's value, as Qt's own editors do.
             control->setSelectTextOnFocus(true);
+            // The text stays where the cell showed it.
+            control->setAlignment(alignmentOf(index));
         }
     } catch (const Error &) {
         // Nothing above refuses these settings; should one, the base editor stands in.
@@ -114,6 +126,21 @@ QWidget *ItemDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     // The cell's own text must not show through the strips between the inner widgets.
     control->setAutoFillBackground(true);
     return control;
+}
+
+void ItemDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                        const QModelIndex &index) const
+{
+    QStyledItemDelegate::updateEditorGeometry(editor, option, index);
+    if (!qobject_cast<ControlFrame *>(editor))
+        return;
+    QRect rect = editor->geometry();
+    const int width = qMax(rect.width(), editor->sizeHint().width());
+    if (option.direction == Qt::RightToLeft)
+        rect.setLeft(rect.right() - width + 1);
+    else
+        rect.setWidth(width);
+    editor->setGeometry(rect);
 }
 
 void ItemDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,

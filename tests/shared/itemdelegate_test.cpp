@@ -13,6 +13,8 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 
+#include <limits>
+
 namespace Tarnwell {
 namespace {
 
@@ -123,6 +125,74 @@ INSTANTIATE_TEST_SUITE_P(Cells, ViewEditing, ::testing::Values(
     EditRow{"plain time Tab", false, Time, 'f', "", 'T', QTime(9, 30)},
     EditRow{"plain click elsewhere commits", false, Quantity, 'd', "9", 'C', 9}),
     TestSupport::rowName);
+
+// The editor each cell type gets, and a cell opened and committed unedited comes back exactly.
+struct TypeRow { const char *name; QVariant cell; const char *editor; int dataType = -1; };
+std::ostream &operator<<(std::ostream &os, const TypeRow &row) { return os << row.name; }
+class EditorChoice : public WidgetFixture, public ::testing::WithParamInterface<TypeRow> {};
+
+TEST_P(EditorChoice, FollowsTheCellsTypeAndKeepsItsValue)
+{
+    const TypeRow &row = GetParam();
+    QStandardItemModel model(1, 2);
+    model.setData(model.index(0, 0), row.cell, Qt::EditRole);
+    model.setData(model.index(0, 1), Qt::AlignRight, Qt::TextAlignmentRole);
+    ItemDelegate delegate;
+    QWidget *editor = delegate.createEditor(window.get(), QStyleOptionViewItem(), model.index(0, 0));
+    ASSERT_TRUE(editor);
+    EXPECT_TRUE(editor->inherits(row.editor)) << editor->metaObject()->className();
+    if (auto *number = qobject_cast<NumberBox *>(editor)) {
+        EXPECT_EQ(number->DataType(), row.dataType);
+        if (row.dataType != twDouble && row.dataType != twSingle) {
+            EXPECT_EQ(number->DecimalPlaces(), 0);
+        }
+    }
+    if (auto *control = qobject_cast<ControlFrame *>(editor)) {
+        EXPECT_FALSE(control->CheckBox() || !control->UserMode() || control->BorderStyle() != twNone);
+        EXPECT_EQ(control->Alignment(), twLeftJustify);
+    }
+    delegate.setEditorData(editor, model.index(0, 0));
+    delegate.setModelData(editor, &model, model.index(0, 1));
+    const QVariant back = model.index(0, 1).data(Qt::EditRole);
+    EXPECT_EQ(back.metaType(), row.cell.metaType());
+    EXPECT_EQ(back, row.cell);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cells, EditorChoice, ::testing::Values(
+    TypeRow{"int", -123456, "Tarnwell::NumberBox", twLong},
+    TypeRow{"unsigned char", QVariant::fromValue(uchar(200)), "Tarnwell::NumberBox", twByte},
+    TypeRow{"short", QVariant::fromValue(short(-300)), "Tarnwell::NumberBox", twInteger},
+    TypeRow{"long long beyond double", QVariant::fromValue(Q_INT64_C(-9007199254740993)), "Tarnwell::NumberBox", twDecimal},
+    TypeRow{"unsigned long long max", QVariant::fromValue(std::numeric_limits<qulonglong>::max()), "Tarnwell::NumberBox", twDecimal},
+    TypeRow{"double", 3.14159, "Tarnwell::NumberBox", twDouble},
+    TypeRow{"float", QVariant::fromValue(2.5f), "Tarnwell::NumberBox", twSingle},
+    TypeRow{"date", QDate(1999, 12, 31), "Tarnwell::DateBox"},
+    TypeRow{"time", QTime(23, 59, 59), "Tarnwell::TimeBox"},
+    TypeRow{"text", "free text", "Tarnwell::MaskBox"},
+    TypeRow{"date and time", QDateTime(QDate(2024, 1, 2), QTime(3, 4)), "QDateTimeEdit"},
+    TypeRow{"bool", true, "QComboBox"}),
+    TestSupport::rowName);
+
+class EditorGeometry : public WidgetFixture {};
+
+TEST_F(EditorGeometry, TakesTheCellsAlignmentAndNeverShrinksBelowTheHint)
+{
+    QStandardItemModel model(1, 1);
+    model.setData(model.index(0, 0), QDate(2024, 5, 20), Qt::EditRole);
+    model.setData(model.index(0, 0), int(Qt::AlignRight | Qt::AlignVCenter), Qt::TextAlignmentRole);
+    QTableView view(window.get());
+    view.setModel(&model);
+    view.setItemDelegate(new ItemDelegate(&view));
+    view.setColumnWidth(0, 30);
+    showAndFocus(&view);
+    view.setCurrentIndex(model.index(0, 0));
+    QTest::keyClick(&view, Qt::Key_F2);
+    auto *editor = qobject_cast<DateBox *>(view.indexWidget(model.index(0, 0)));
+    ASSERT_TRUE(editor);
+    EXPECT_EQ(editor->Alignment(), twRightJustify);
+    EXPECT_GE(editor->width(), editor->sizeHint().width());
+    EXPECT_EQ(editor->x(), view.visualRect(model.index(0, 0)).x());
+}
 
 } // namespace
 } // namespace Tarnwell
