@@ -170,7 +170,7 @@ private:
     Date m_value;
     bool m_valid = false;
     std::optional<QFont> m_calendarFont; // none: the ambient font
-    UserValue *m_userValue = nullptr;
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

@@ -122,7 +122,7 @@ private:
     twCharCaseConstants m_charCase = twAnyCase;
     bool m_promptInclude = true;
     bool m_normalisePending = false;
-    UserValue *m_userValue = nullptr;
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

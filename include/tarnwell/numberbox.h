@@ -165,7 +165,7 @@ private:
     int m_appliedColorRole = -1;
     bool m_normalising = false;
     QMetaType m_modelType; // the number type setModelValue last took
-    UserValue *m_userValue = nullptr;
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

@@ -124,7 +124,7 @@ private:
     bool m_isValid = false;
     Date m_minimum;
     Date m_maximum = Date(DayEndSerial);
-    UserValue *m_userValue = nullptr;
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

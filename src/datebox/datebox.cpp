@@ -33,7 +33,7 @@ DateBox::DateBox(QWidget *parent)
     connect(m_picker, &DatePicker::Change, this, guardedSlot([this] { pickerChange(); }));
     InitProperties();
     clearDirty();
-    m_userValue = new UserValue(
+    m_userValue = std::make_unique<UserValue>(
         *this, [this] { return QVariant(date()); },
         [this](const QVariant &now) { emit dateChanged(now.toDate()); });
 }

@@ -40,7 +40,7 @@ MaskBox::MaskBox(QWidget *parent)
     Variant::registerTypes();
     setFocusPolicy(Qt::StrongFocus); // as a line edit's: a wheel turned over it leaves the focus
     InitProperties();
-    m_userValue = new UserValue(
+    m_userValue = std::make_unique<UserValue>(
         *this, [this] { return QVariant(text()); },
         [this](const QVariant &now) { emit textChanged(now.toString()); });
 }

@@ -32,7 +32,7 @@ NumberBox::NumberBox(QWidget *parent)
     ContextMenuHook::installWindowHook(Text1());
     InitProperties();
     clearDirty();
-    m_userValue = new UserValue(
+    m_userValue = std::make_unique<UserValue>(
         *this, [this] { return value(); }, [this](const QVariant &now) { emit valueChanged(now); });
 }
 

@@ -10,7 +10,7 @@
 namespace Tarnwell {
 
 UserValue::UserValue(ControlFrame &frame, Reader read, Notifier notify)
-    : QObject(&frame), m_frame(frame), m_read(std::move(read)), m_notify(std::move(notify)),
+    : m_frame(frame), m_read(std::move(read)), m_notify(std::move(notify)),
       m_told(m_read())
 {
     // Change comes once the control has settled its value; so does "Value" from NumberBox. The

@@ -17,7 +17,9 @@ class ControlFrame;
 // (ControlFrame::valueRefused and a warning) instead of an exception that would reach Qt's event
 // loop.
 //
-// A child of the control, made in the control's constructor once its defaults are in place.
+// Made in the control's constructor once its defaults are in place, and held as the control's
+// last member: it goes, with its connections, before the rest of the control, so that nothing
+// emitted while the control is torn down reads a value half destroyed.
 class UserValue : public QObject
 {
 public:

@@ -33,7 +33,7 @@ TimeBox::TimeBox(QWidget *parent)
     setCommonDefaults(timeBoxDefaults);
     InitProperties();
     clearDirty();
-    m_userValue = new UserValue(
+    m_userValue = std::make_unique<UserValue>(
         *this, [this] { return QVariant(time()); },
         [this](const QVariant &now) { emit timeChanged(now.toTime()); });
 }
