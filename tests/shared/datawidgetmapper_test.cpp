@@ -112,15 +112,12 @@ TEST_P(Mapping, TypedValuesReachTheModel)
     mapper->toFirst();
     showAndFocus(quantity);
     QTest::keyClicks(QApplication::focusWidget(), "17");
-    const bool outerFocused = QApplication::focusWidget() == quantity;
     if (GetParam() == QDataWidgetMapper::ManualSubmit) {
         EXPECT_EQ(cells(0)[1], 42) << "nothing before the submit";
         mapper->submit();
     } else {
         other->setFocus();
         QApplication::processEvents();
-        if (cells(0)[1] == 42 && !outerFocused)
-            GTEST_SKIP() << "needs focus on the outer control";
     }
     EXPECT_EQ(cells(0)[1].metaType(), QMetaType::fromType<int>());
     EXPECT_EQ(cells(0)[1], 17);

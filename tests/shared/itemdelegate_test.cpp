@@ -42,7 +42,7 @@ public:
 struct EditRow { const char *name; bool shipped; int column; char open; const char *keys; char close; QVariant cell; };
 std::ostream &operator<<(std::ostream &os, const EditRow &row) { return os << row.name; }
 
-class ViewEditing : public WidgetFixture, public ::testing::WithParamInterface<EditRow>
+class CellEditing : public WidgetFixture, public ::testing::WithParamInterface<EditRow>
 {
 protected:
     void SetUp() override
@@ -71,7 +71,7 @@ protected:
     QTableView *view = nullptr;
 };
 
-TEST_P(ViewEditing, CommitsInTheCellsTypeOrCancels)
+TEST_P(CellEditing, CommitsInTheCellsTypeOrCancels)
 {
     const EditRow &row = GetParam();
     const QModelIndex cell = model->index(0, row.column);
@@ -98,8 +98,6 @@ TEST_P(ViewEditing, CommitsInTheCellsTypeOrCancels)
     else
         QTest::keyClick(QApplication::focusWidget(), closeKey);
     QApplication::processEvents(); // Enter commits through a queued call
-    if (view->indexWidget(cell) && QApplication::focusWidget() != editor)
-        GTEST_SKIP() << "needs focus on the outer control";
 
     EXPECT_EQ(view->indexWidget(cell), nullptr) << "the editor is closed";
     EXPECT_EQ(cell.data(Qt::EditRole).metaType(), row.cell.metaType());
@@ -109,7 +107,7 @@ TEST_P(ViewEditing, CommitsInTheCellsTypeOrCancels)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cells, ViewEditing, ::testing::Values(
+INSTANTIATE_TEST_SUITE_P(Cells, CellEditing, ::testing::Values(
     EditRow{"shipped int by F2 and Enter", true, Quantity, 'f', "12", 'E', 12},
     EditRow{"shipped int takes no decimals", true, Quantity, 'f', "4.5", 'E', 45},
     EditRow{"shipped double by double-click", true, Price, 'd', "7.25", 'E', 7.25},
