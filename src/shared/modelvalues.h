@@ -37,7 +37,8 @@ QDate toQDate(const QVariant &value);
 QTime toQTime(const QVariant &value);
 
 // A valid calendar date or time of day as the host's date; nothing for an invalid one or a date
-// the host's date cannot hold (before 1601 or after 9999).
+// the host's date cannot hold (before 1 January 100 or after 31 December 9999). A time keeps
+// whole seconds only, as the time box shows and steps them.
 std::optional<Date> fromQDate(const QDate &date);
 std::optional<Date> fromQTime(const QTime &time);
 
