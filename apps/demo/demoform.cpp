@@ -87,7 +87,7 @@ constexpr SampleEntry sampleOrder[] = {
 DemoForm::DemoForm(QWidget *parent) : QWidget(parent)
 {
     m_layout = new QFormLayout(this);
-    m_layout->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    m_layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     m_layout->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     buildCustomerOrder();
 }
@@ -108,7 +108,6 @@ void DemoForm::buildCustomerOrder()
     auto placeholder = [this](const QString &label, const QString &name, const QString &hint) {
         auto *edit = add<QLineEdit>(label, name);
         edit->setPlaceholderText(hint);
-        edit->setMinimumWidth(180);
         return edit;
     };
     placeholder(tr("&Customer name"), QStringLiteral("txtCustomer"), tr("Name on the order")); // MaskBox, no mask
@@ -123,7 +122,6 @@ void DemoForm::buildCustomerOrder()
         box->setCharCase(charCase);
         box->setPromptInclude(false);
         box->setAlignment(Tarnwell::twLeftJustify);
-        box->setMinimumWidth(180);
     }
     addNumberFields();
     addScheduleFields();
@@ -160,8 +158,6 @@ void DemoForm::addNumberFields()
     amount->ReadProperties(saved);
     auto *balance = add<Tarnwell::NumberBox>(tr("&Balance"), QStringLiteral("nmbBalance"));
     balance->setSelectTextOnFocus(false); // entering keeps the red figure readable
-    for (Tarnwell::NumberBox *box : {price, quantity, amount, balance})
-        box->setMinimumWidth(180);
 }
 
 // Dates and times: the order date (day, month, year, with a calendar), the delivery month (month
@@ -186,10 +182,8 @@ void DemoForm::addScheduleFields()
     shift->setUpDown(true);
     shift->setInterceptArrowKeys(true);
     for (Tarnwell::ControlFrame *box :
-         std::initializer_list<Tarnwell::ControlFrame *>{orderDate, delivery, birth, appointment, shift}) {
+         std::initializer_list<Tarnwell::ControlFrame *>{orderDate, delivery, birth, appointment, shift})
         box->setAlignment(Tarnwell::twLeftJustify);
-        box->setMinimumWidth(180);
-    }
 }
 
 bool DemoForm::addField(const QString &label, const QString &name, QWidget *field)
@@ -200,11 +194,6 @@ bool DemoForm::addField(const QString &label, const QString &name, QWidget *fiel
     }
     field->setParent(this);
     field->setObjectName(name);
-    // A control's default height suits the default font only: give every field at least the
-    // height a line edit needs in the form's font, as a form designer sizes to the font.
-    QLineEdit probe;
-    probe.setFont(field->font());
-    field->setMinimumHeight(qMax(field->minimumHeight(), probe.sizeHint().height()));
     auto *caption = new QLabel(label, this);
     caption->setBuddy(field);
     m_layout->addRow(caption, field);

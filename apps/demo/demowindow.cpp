@@ -3,6 +3,7 @@
 #include "demoform.h"
 #include "eventlog.h"
 #include "formdocument.h"
+#include "orderlines.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -29,7 +30,17 @@ DemoWindow::DemoWindow(QWidget *parent) : QMainWindow(parent)
     m_form = new DemoForm;
     auto *formLayout = new QVBoxLayout(formBox);
     formLayout->addWidget(m_form);
-    formLayout->addStretch();
+
+    auto *linesBox = new QGroupBox(tr("Order lines"));
+    m_lines = new OrderLines;
+    auto *linesLayout = new QVBoxLayout(linesBox);
+    linesLayout->addWidget(m_lines);
+
+    auto *order = new QWidget;
+    auto *orderLayout = new QVBoxLayout(order);
+    orderLayout->setContentsMargins(QMargins());
+    orderLayout->addWidget(formBox);
+    orderLayout->addWidget(linesBox, 1);
 
     auto *logBox = new QGroupBox(tr("Events"));
     m_log = new EventLog;
@@ -37,7 +48,7 @@ DemoWindow::DemoWindow(QWidget *parent) : QMainWindow(parent)
     logLayout->addWidget(m_log);
 
     auto *splitter = new QSplitter;
-    splitter->addWidget(formBox);
+    splitter->addWidget(order);
     splitter->addWidget(logBox);
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
@@ -46,12 +57,14 @@ DemoWindow::DemoWindow(QWidget *parent) : QMainWindow(parent)
     for (QWidget *field : m_form->fields())
         m_log->watch(field, field->objectName());
     connect(m_form, &DemoForm::fieldAdded, m_log, &EventLog::watch);
+    connect(m_lines, &OrderLines::lineEdited, m_log,
+            [this](int row, int column) { m_log->note(m_lines->describe(row, column)); });
 
     m_modeLabel = new QLabel;
     statusBar()->addPermanentWidget(m_modeLabel);
     createActions();
     setDesignMode(false);
-    resize(960, 560);
+    resize(sizeHint().expandedTo(QSize(960, 640)));
 }
 
 void DemoWindow::createActions()
@@ -86,6 +99,7 @@ void DemoWindow::setDesignMode(bool design)
 {
     const bool changed = design != m_form->designMode();
     m_form->setDesignMode(design);
+    m_lines->setDesignMode(design);
     (design ? m_designAction : m_runAction)->setChecked(true);
     m_modeLabel->setText(design ? tr("Design mode") : tr("Run mode"));
     if (changed)

@@ -10,6 +10,7 @@ namespace Tarnwell::Demo {
 
 class DemoForm;
 class EventLog;
+class OrderLines;
 
 class DemoWindow : public QMainWindow
 {
@@ -19,6 +20,7 @@ public:
 
     DemoForm *form() const { return m_form; }
     EventLog *log() const { return m_log; }
+    OrderLines *orderLines() const { return m_lines; }
 
     // Each returns false with `error` set; nothing is changed by a failed load.
     bool saveTo(const QString &path, QString *error);
@@ -37,6 +39,7 @@ private:
 
     DemoForm *m_form;
     EventLog *m_log;
+    OrderLines *m_lines;
     QAction *m_runAction;
     QAction *m_designAction;
     QLabel *m_modeLabel;

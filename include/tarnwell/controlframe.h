@@ -186,6 +186,11 @@ signals:
     // A property reported changed to the host (also recorded in dirtyProperties()).
     void PropertyChanged(const QString &name);
 
+    // A value written through the control's USER property (as an item delegate or a widget
+    // mapper writes it) was refused with Error `errorNumber`; the control is as it was. Such a
+    // write never throws: Qt's event loop is what would receive the exception.
+    void valueRefused(const QVariant &value, int errorNumber);
+
 protected:
     // Which inner widgets carry the text.
     enum class EditorKind {

@@ -5,6 +5,7 @@
 #include <tarnwell/global.h>
 #include <tarnwell/olecolor.h>
 
+#include <QDate>
 #include <QFont>
 #include <QString>
 #include <QVariant>
@@ -17,6 +18,7 @@ namespace Tarnwell {
 class DateFields;
 class DatePicker;
 class PropertyBag;
+class UserValue;
 
 // One date, typed into an inner MaskBox (mdtDate) through a numeric mask in the order Format
 // names ("##/##/####" day first), with Separator as the literal between the fields. While the
@@ -48,7 +50,7 @@ class TARNWELL_EXPORT DateBox : public ValueBox
                 "Returns/sets the background color used to display the month portion of the dropdown calendar.")
     Q_CLASSINFO("Help:CalendarTitleBackColor",
                 "Returns/sets the background color used to display the title portion of the dropdown calendar.")
-    Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue STORED false)
     Q_PROPERTY(Tarnwell::twDateFormatConstants Format READ Format WRITE setFormat)
     Q_PROPERTY(QString Separator READ Separator WRITE setSeparator)
     Q_PROPERTY(QString DisplayFormat READ DisplayFormat WRITE setDisplayFormat)
@@ -63,6 +65,9 @@ class TARNWELL_EXPORT DateBox : public ValueBox
     Q_PROPERTY(Tarnwell::OleColor CalendarTrailingForeColor READ CalendarTrailingForeColor
                    WRITE setCalendarTrailingForeColor)
     Q_PROPERTY(QFont CalendarFont READ CalendarFont WRITE setCalendarFont)
+    // What Qt's item delegates and widget mappers read and write, as QDateEdit's date.
+    Q_PROPERTY(QDate date READ date WRITE setDate NOTIFY dateChanged USER true DESIGNABLE false
+                   STORED false)
 
 public:
     explicit DateBox(QWidget *parent = nullptr);
@@ -116,9 +121,17 @@ public:
     Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
     Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
 
+    // Value as a calendar date; an invalid QDate while there is none.
+    QDate date() const;
+    // Sets Value, an invalid QDate setting Null. Never throws: a date outside Minimum..Maximum,
+    // and every value Value refuses, leave the control as it was and raise valueRefused.
+    void setDate(const QDate &date);
+
 signals:
     // The calendar opened.
     void DropDown();
+    // Once per change of date(): typed, stepped, picked or set.
+    void dateChanged(const QDate &date);
 
 protected:
     // Switching UpDown on or off switches arrow-key stepping with it, unreported.
@@ -157,6 +170,7 @@ private:
     Date m_value;
     bool m_valid = false;
     std::optional<QFont> m_calendarFont; // none: the ambient font
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

@@ -12,6 +12,7 @@ namespace Tarnwell {
 
 class MaskEngine;
 class PropertyBag;
+class UserValue;
 
 // A text box constrained by an input mask. Placeholders take one typed character of a class
 // ("#" digit, "@" letter, "?" either, "&" any); every other mask character is a literal that is
@@ -42,11 +43,14 @@ class TARNWELL_EXPORT MaskBox : public ControlFrame
                 "Specifies whether prompt characters are contained in the Value property value.")
     Q_CLASSINFO("Help:NullIfEmpty",
                 "Set/returns whetrer the value properties returns Null or Empty if the data is invalid.")
-    Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue STORED false)
     Q_PROPERTY(Tarnwell::twCharCaseConstants CharCase READ CharCase WRITE setCharCase)
     Q_PROPERTY(QString Text READ Text WRITE setText STORED false)
     Q_PROPERTY(QString Mask READ Mask WRITE setMask)
     Q_PROPERTY(bool PromptInclude READ PromptInclude WRITE setPromptInclude)
+    // What Qt's item delegates and widget mappers read and write, as QLineEdit's text.
+    Q_PROPERTY(QString text READ text WRITE setModelText NOTIFY textChanged USER true
+                   DESIGNABLE false STORED false)
 
 public:
     explicit MaskBox(QWidget *parent = nullptr);
@@ -91,6 +95,16 @@ public:
     Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
     Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
 
+    // Value as a string: a null string while there is none.
+    QString text() const;
+    // Sets Value, a null string setting Null. Never throws: a text the mask cannot hold (too
+    // long, or a character where it does not fit) and every value Value refuses leave the
+    // control as it was and raise valueRefused.
+    void setModelText(const QString &text);
+
+signals:
+    // Once per change of text(): typed, pasted or set.
+    void textChanged(const QString &text);
 
 protected:
     void handleKeyDown(short &keyCode, short &shift) override;
@@ -108,6 +122,7 @@ private:
     twCharCaseConstants m_charCase = twAnyCase;
     bool m_promptInclude = true;
     bool m_normalisePending = false;
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

@@ -16,6 +16,7 @@ namespace Tarnwell {
 class NumberEditor;
 class PropertyBag;
 struct NumberEdit;
+class UserValue;
 struct NumberEditResult;
 struct NumberEditState;
 
@@ -47,6 +48,9 @@ class TARNWELL_EXPORT NumberBox : public ValueBox
     Q_PROPERTY(Tarnwell::OleColor NegativeDisabledColor READ NegativeDisabledColor
                    WRITE setNegativeDisabledColor)
     Q_PROPERTY(bool UseNegativeColor READ UseNegativeColor WRITE setUseNegativeColor)
+    // What Qt's item delegates and widget mappers read and write, as QSpinBox's value.
+    Q_PROPERTY(QVariant value READ value WRITE setModelValue NOTIFY valueChanged USER true
+                   DESIGNABLE false STORED false)
 
 public:
     // Default colours of the negative text (RGB 192,0,0 and 255,128,128).
@@ -106,6 +110,18 @@ public:
     Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
     Q_INVOKABLE void WriteProperties(Tarnwell::PropertyBag &bag) const;
 
+    // Value as a number an item model holds: of the type last given to setModelValue (an int
+    // cell stays int, a double cell double), else int for the integer data types and double
+    // for the others; never a Currency or Decimal. Empty while there is no value.
+    QVariant value() const;
+    // Sets Value, an empty variant setting Null. Never throws: a value that is no number, or
+    // lies outside the data type or Minimum..Maximum, leaves the control as it was and raises
+    // valueRefused.
+    void setModelValue(const QVariant &value);
+
+signals:
+    // Once per change of value(): typed, stepped, brought into range or set.
+    void valueChanged(const QVariant &value);
 
 protected:
     // Switching UpDown on or off also switches arrow-key stepping with it (both reported).
@@ -148,6 +164,8 @@ private:
     QString m_shownText; // what our own edits last wrote into Text1
     int m_appliedColorRole = -1;
     bool m_normalising = false;
+    QMetaType m_modelType; // the number type setModelValue last took
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

@@ -5,6 +5,7 @@
 #include <tarnwell/global.h>
 
 #include <QString>
+#include <QTime>
 #include <QVariant>
 
 #include <memory>
@@ -13,6 +14,7 @@ namespace Tarnwell {
 
 class PropertyBag;
 class TimeFields;
+class UserValue;
 
 // A time of day typed into an inner masked box, mdtTime, in one of four formats (12- or 24-hour,
 // with or without seconds) with ":" or "." between the fields. The mask takes digits only; the
@@ -38,9 +40,12 @@ class TARNWELL_EXPORT TimeBox : public ValueBox
     Q_CLASSINFO("Help:Separator", "Returns/Sets the char to display as separator.")
     Q_PROPERTY(Tarnwell::twTimeFormatConstants Format READ Format WRITE setFormat)
     Q_PROPERTY(QString Separator READ Separator WRITE setSeparator)
-    Q_PROPERTY(QVariant Value READ Value WRITE setValue USER true STORED false)
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue STORED false)
     Q_PROPERTY(Tarnwell::Date Minimum READ Minimum WRITE setMinimum)
     Q_PROPERTY(Tarnwell::Date Maximum READ Maximum WRITE setMaximum)
+    // What Qt's item delegates and widget mappers read and write, as QTimeEdit's time.
+    Q_PROPERTY(QTime time READ time WRITE setTime NOTIFY timeChanged USER true DESIGNABLE false
+                   STORED false)
 
 public:
     // 23:59:59, the default Maximum.
@@ -78,6 +83,17 @@ public:
     Q_INVOKABLE void ReadProperties(Tarnwell::PropertyBag &bag);
     Q_INVOKABLE void InitProperties();
 
+    // Value's time of day; an invalid QTime while there is none.
+    QTime time() const;
+    // Sets Value to the time of day (whole seconds), an invalid QTime setting Null. Never
+    // throws: a time outside Minimum..Maximum, and every value Value refuses, leave the control
+    // as it was and raise valueRefused.
+    void setTime(const QTime &time);
+
+signals:
+    // Once per change of time(): typed, stepped, switched between AM and PM, or set.
+    void timeChanged(const QTime &time);
+
 protected:
     // Every change of the inner box's text is read at once; entering and leaving show the value.
     void onTextChanged() override;
@@ -108,6 +124,7 @@ private:
     bool m_isValid = false;
     Date m_minimum;
     Date m_maximum = Date(DayEndSerial);
+    std::unique_ptr<UserValue> m_userValue; // last: see UserValue
 };
 
 } // namespace Tarnwell

@@ -10,7 +10,9 @@
 #include "shared/bagkeys.h"
 #include "shared/datepicker.h"
 #include "shared/focustracker.h"
+#include "shared/modelvalues.h"
 #include "shared/slotguard.h"
+#include "shared/uservalue.h"
 
 #include <QPointer>
 
@@ -31,6 +33,9 @@ DateBox::DateBox(QWidget *parent)
     connect(m_picker, &DatePicker::Change, this, guardedSlot([this] { pickerChange(); }));
     InitProperties();
     clearDirty();
+    m_userValue = std::make_unique<UserValue>(
+        *this, [this] { return QVariant(date()); },
+        [this](const QVariant &now) { emit dateChanged(now.toDate()); });
 }
 
 DateBox::~DateBox()
@@ -107,6 +112,28 @@ void DateBox::setValue(const QVariant &value)
     }
     refreshDisplay();
     emit Change();
+}
+
+QDate DateBox::date() const
+{
+    return ModelValues::toQDate(Value());
+}
+
+void DateBox::setDate(const QDate &date)
+{
+    m_userValue->write(date, [&] {
+        if (!date.isValid()) {
+            setValue(Variant::null());
+            return;
+        }
+        const std::optional<Date> value = ModelValues::fromQDate(date);
+        if (!value)
+            throw Error(Error::Overflow);
+        // Value would take it and leave no valid date; here it is refused instead.
+        if (*value < Minimum() || *value > Maximum())
+            throw Error(Error::InvalidPropertyValue);
+        setValue(QVariant::fromValue(*value));
+    });
 }
 
 // ---------------------------------------------------------------------------------------------

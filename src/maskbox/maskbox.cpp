@@ -8,6 +8,7 @@
 #include "shared/bagkeys.h"
 #include "shared/bagvalues.h"
 #include "shared/commonproperties.h"
+#include "shared/uservalue.h"
 
 #include <QLineEdit>
 #include <QMetaClassInfo>
@@ -39,6 +40,9 @@ MaskBox::MaskBox(QWidget *parent)
     Variant::registerTypes();
     setFocusPolicy(Qt::StrongFocus); // as a line edit's: a wheel turned over it leaves the focus
     InitProperties();
+    m_userValue = std::make_unique<UserValue>(
+        *this, [this] { return QVariant(text()); },
+        [this](const QVariant &now) { emit textChanged(now.toString()); });
 }
 
 MaskBox::~MaskBox() = default;
@@ -125,6 +129,29 @@ void MaskBox::setPromptInclude(bool on)
 {
     m_promptInclude = on;
     markDirty(BagKey::PromptInclude);
+}
+
+QString MaskBox::text() const
+{
+    const QVariant value = Value();
+    return value.typeId() == QMetaType::QString ? value.toString() : QString();
+}
+
+void MaskBox::setModelText(const QString &text)
+{
+    m_userValue->write(text, [&] {
+        if (text.isNull()) {
+            setValue(Variant::null());
+            return;
+        }
+        // Value would cut a long text to the mask and empty the box for one that does not fit.
+        const bool fits = m_engine->isEmpty()
+                          || (text.size() <= m_engine->inputCount()
+                              && !m_engine->formatMaskValue(text).isEmpty());
+        if (!fits)
+            throw Error(Error::InvalidPropertyValue);
+        setValue(text);
+    });
 }
 
 void MaskBox::setText1(const QString &text)

@@ -10,7 +10,9 @@
 #include "shared/bagvalues.h"
 #include "shared/commonproperties.h"
 #include "shared/contextmenuhook.h"
+#include "shared/modelvalues.h"
 #include "shared/usersettings.h"
+#include "shared/uservalue.h"
 
 #include <QClipboard>
 #include <QDropEvent>
@@ -30,6 +32,8 @@ NumberBox::NumberBox(QWidget *parent)
     ContextMenuHook::installWindowHook(Text1());
     InitProperties();
     clearDirty();
+    m_userValue = std::make_unique<UserValue>(
+        *this, [this] { return value(); }, [this](const QVariant &now) { emit valueChanged(now); });
 }
 
 NumberBox::~NumberBox()
@@ -88,6 +92,44 @@ void NumberBox::setValue(const QVariant &value)
     m_value = m_editor->rules().convert(number);
     markDirty(BagKey::Value);
     showValue();
+}
+
+QVariant NumberBox::value() const
+{
+    const QVariant number = Value();
+    if (!number.isValid() || Variant::isNull(number))
+        return QVariant();
+    if (m_modelType.isValid())
+        return ModelValues::toNumber(number, m_modelType);
+    const int type = DataType();
+    const bool integer = type == twByte || type == twInteger || type == twLong;
+    return ModelValues::toNumber(number, integer ? QMetaType::fromType<int>()
+                                                 : QMetaType::fromType<double>());
+}
+
+void NumberBox::setModelValue(const QVariant &value)
+{
+    const QVariant number = ModelValues::unwrapped(value);
+    m_userValue->write(number, [&] {
+        if (!number.isValid() || Variant::isNull(number)) {
+            setValue(Variant::null());
+            return;
+        }
+        m_editor->rules().checkNumber(number);
+        // Value ignores a number outside the range; here that is a refusal the writer hears of.
+        if (!m_editor->rules().isWithinRange(number))
+            throw Error(Error::InvalidPropertyValue);
+        // The type first, so that the change is told once, in the cell's type.
+        const QMetaType previous = m_modelType;
+        if (ModelValues::isNumber(number.metaType()))
+            m_modelType = number.metaType();
+        try {
+            setValue(number);
+        } catch (const Error &) {
+            m_modelType = previous;
+            throw;
+        }
+    });
 }
 
 QVariant NumberBox::Minimum() const

@@ -7,6 +7,8 @@
 
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
+#include "shared/modelvalues.h"
+#include "shared/uservalue.h"
 #include "timefields/timefields.h"
 
 #include <QPointer>
@@ -31,6 +33,9 @@ TimeBox::TimeBox(QWidget *parent)
     setCommonDefaults(timeBoxDefaults);
     InitProperties();
     clearDirty();
+    m_userValue = std::make_unique<UserValue>(
+        *this, [this] { return QVariant(time()); },
+        [this](const QVariant &now) { emit timeChanged(now.toTime()); });
 }
 
 TimeBox::~TimeBox() = default;
@@ -107,6 +112,26 @@ void TimeBox::setValue(const QVariant &value)
     }
     if (self)
         emit Change();
+}
+
+QTime TimeBox::time() const
+{
+    return ModelValues::toQTime(Value());
+}
+
+void TimeBox::setTime(const QTime &time)
+{
+    m_userValue->write(time, [&] {
+        const std::optional<Date> value = ModelValues::fromQTime(time);
+        if (!value) {
+            setValue(Variant::null());
+            return;
+        }
+        // Value would take it and leave no time; here it is refused instead.
+        if (!TimeFields::inRange(*value, m_minimum, m_maximum))
+            throw Error(Error::InvalidPropertyValue);
+        setValue(QVariant::fromValue(*value));
+    });
 }
 
 // ---------------------------------------------------------------------------------------------
