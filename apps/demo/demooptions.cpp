@@ -5,11 +5,12 @@ namespace Tarnwell::Demo {
 QString DemoOptions::usage()
 {
     return QStringLiteral(
-        "Usage: tarnwell-demo [--load FILE] [--sample] [--design] [--drop-down FIELD] [--save FILE]\n"
+        "Usage: tarnwell-demo [--load FILE] [--sample] [--design] [--dark] [--drop-down FIELD] [--save FILE]\n"
         "                    [--screenshot FILE]\n"
         "  --load FILE        apply a form saved as JSON\n"
         "  --sample           type a sample customer order into the form\n"
         "  --design           start in design mode\n"
+        "  --dark             the Fusion style in a dark palette\n"
         "  --drop-down FIELD  open the calendar of a date field (dtbOrderDate, dtbDelivery...)\n"
         "  --save FILE        save the form's properties as JSON and exit\n"
         "  --screenshot FILE  render the window to a PNG and exit (types the sample order first\n"
@@ -51,6 +52,8 @@ DemoOptions DemoOptions::parse(const QStringList &arguments)
             options.sample = true;
         else if (argument == QLatin1String("--design"))
             options.design = true;
+        else if (argument == QLatin1String("--dark"))
+            options.dark = true;
         else if (argument == QLatin1String("--drop-down"))
             takeArgument(i, options.dropDown, "field name");
         else if (argument == QLatin1String("-h") || argument == QLatin1String("--help"))

@@ -17,6 +17,7 @@ public:
     QString screenshotFile; // --screenshot FILE: render the window to a PNG and exit
     bool sample = false;    // --sample: type a sample order into the form
     bool design = false;    // --design: start in design mode
+    bool dark = false;      // --dark: the Fusion style in a dark palette
     QString dropDown;       // --drop-down FIELD: open that date field's calendar
     bool help = false;
     QString error;          // set when the command line cannot be used; nothing else is then

@@ -5,6 +5,8 @@
 #include "demoform.h"
 
 #include <QApplication>
+#include <QPalette>
+#include <QColor>
 #include <QFontDatabase>
 
 #include <cstdio>
@@ -28,6 +30,29 @@ void chooseOffscreenFont()
         QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
 }
 
+// Fusion in the dark palette a desktop's dark theme gives: every field must stay readable.
+void useDarkPalette()
+{
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(45, 45, 48));
+    dark.setColor(QPalette::WindowText, QColor(230, 230, 230));
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::AlternateBase, QColor(53, 53, 56));
+    dark.setColor(QPalette::Text, QColor(230, 230, 230));
+    dark.setColor(QPalette::Button, QColor(53, 53, 56));
+    dark.setColor(QPalette::ButtonText, QColor(230, 230, 230));
+    dark.setColor(QPalette::Highlight, QColor(38, 79, 120));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::ToolTipBase, QColor(60, 60, 60));
+    dark.setColor(QPalette::ToolTipText, QColor(230, 230, 230));
+    dark.setColor(QPalette::PlaceholderText, QColor(140, 140, 140));
+    dark.setColor(QPalette::Disabled, QPalette::Text, QColor(120, 120, 120));
+    dark.setColor(QPalette::Disabled, QPalette::WindowText, QColor(120, 120, 120));
+    dark.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(120, 120, 120));
+    QApplication::setPalette(dark);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -45,6 +70,8 @@ int main(int argc, char **argv)
         return 2;
     }
     chooseOffscreenFont();
+    if (options.dark)
+        useDarkPalette();
 
     DemoWindow window;
     QString error;
