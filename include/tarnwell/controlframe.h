@@ -25,7 +25,6 @@ enum class CommonKey;
 class FrameEditor;
 class InnerMaskEditor;
 class LineEditor;
-class MaskBox;
 class PropertyBag;
 
 // The outer frame every Tarnwell control is built on. It is the host's site (design or run
@@ -192,14 +191,12 @@ signals:
     void valueRefused(const QVariant &value, int errorNumber);
 
 protected:
-    // Which inner widgets carry the text.
-    enum class EditorKind {
-        Line,      // Text1 and Check1
-        InnerMask, // an inner MaskBox named by `innerName`
-    };
+    // Makes the inner widgets that carry a control's text. Without one, a control gets the line
+    // editor: the text box Text1 and the check box Check1. A control built on other widgets (an
+    // inner MaskBox) hands its own.
+    using EditorFactory = std::function<std::unique_ptr<FrameEditor>(ControlFrame &frame)>;
     // The common values are those of a new control; the subclass sets its own defaults after.
-    explicit ControlFrame(QWidget *parent, EditorKind kind = EditorKind::Line,
-                          const QString &innerName = QString());
+    explicit ControlFrame(QWidget *parent, const EditorFactory &makeEditor = nullptr);
 
     // Raises isUpdating() for its lifetime (nests: the previous state comes back).
     class UpdatingGuard
@@ -219,13 +216,11 @@ protected:
     };
 
     FrameEditor &editor() const { return *m_editor; }
-    // The line editor's text box (null for a control on an inner MaskBox). Text a control writes
+    // The line editor's text box (null for a control with another editor). Text a control writes
     // goes through writeText(), so that it is told apart from text arriving without keys.
     QLineEdit *Text1() const;
     // The line editor's check box; created on first use (it starts hidden).
     QCheckBox *Check1() const;
-    // The inner MaskBox of a control built on one (null for a line control).
-    MaskBox *innerBox() const;
     // The text as shown in the text box (or the inner box).
     QString shownText() const;
     // Writes the line editor's text box: only when the text differs, then the selection.
@@ -359,7 +354,6 @@ private:
     std::unique_ptr<FrameEditor> m_editor;
     const CommonDefaults *m_commonDefaults;
     LineEditor *m_line = nullptr;       // m_editor, for a line control
-    InnerMaskEditor *m_inner = nullptr; // m_editor, for a control on an inner MaskBox
 
     OleColor m_backColor = OleColor::WindowBackground;
     OleColor m_foreColor = OleColor::WindowText;

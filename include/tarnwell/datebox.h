@@ -15,6 +15,8 @@
 
 namespace Tarnwell {
 
+class MaskBox;
+
 class DateFields;
 class DatePicker;
 class PropertyBag;

@@ -12,6 +12,8 @@
 
 namespace Tarnwell {
 
+class MaskBox;
+
 class PropertyBag;
 class TimeFields;
 class UserValue;
@@ -106,6 +108,8 @@ protected:
     bool stepValue(bool up) override;
 
 private:
+    // The inner masked box mdtTime.
+    MaskBox *innerBox() const;
     void rebuildFields();
     void buildTimeMask();
     void showTimeValue();

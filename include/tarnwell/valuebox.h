@@ -60,7 +60,7 @@ protected:
         Reported, // the keys follow the button as a set of InterceptArrowKeys would
     };
 
-    ValueBox(QWidget *parent, EditorKind kind, const QString &innerName, ArrowKeysFollow follow);
+    ValueBox(QWidget *parent, const EditorFactory &makeEditor, ArrowKeysFollow follow);
 
     // --- What each control supplies.
     // Moves the value one step up or down and shows it, raising nothing (the base holds

@@ -6,6 +6,7 @@
 #include <tarnwell/variant.h>
 
 #include "datefields/datefields.h"
+#include "innermask/innermaskeditor.h"
 #include "platform/dateformat.h"
 #include "shared/bagkeys.h"
 #include "shared/datepicker.h"
@@ -19,7 +20,7 @@
 namespace Tarnwell {
 
 DateBox::DateBox(QWidget *parent)
-    : ValueBox(parent, EditorKind::InnerMask, QStringLiteral("mdtDate"), ArrowKeysFollow::Silently),
+    : ValueBox(parent, InnerMaskEditor::factory(QStringLiteral("mdtDate")), ArrowKeysFollow::Silently),
       m_fields(std::make_unique<DateFields>()),
       m_separator(QStringLiteral("/"))
 {
@@ -56,7 +57,7 @@ bool DateBox::isSeparator(const QString &s)
 
 MaskBox &DateBox::box() const
 {
-    return *innerBox();
+    return InnerMaskEditor::boxOf(editor());
 }
 
 void DateBox::rebuildFields()

@@ -24,7 +24,7 @@
 namespace Tarnwell {
 
 NumberBox::NumberBox(QWidget *parent)
-    : ValueBox(parent, EditorKind::Line, QString(), ArrowKeysFollow::Reported),
+    : ValueBox(parent, nullptr, ArrowKeysFollow::Reported),
       m_editor(std::make_unique<NumberEditor>())
 {
     Variant::registerTypes();

@@ -1,14 +1,12 @@
 #include <tarnwell/controlframe.h>
 
 #include <tarnwell/error.h>
-#include <tarnwell/maskbox.h>
 #include <tarnwell/variant.h>
 
 #include "shared/accessibility.h"
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
 #include "shared/focustracker.h"
-#include "shared/innermaskeditor.h"
 #include "shared/lineeditor.h"
 #include "shared/mousepointer.h"
 #include "shared/twips.h"
@@ -31,13 +29,11 @@ const CommonDefaults maskBoxDefaults;
 
 } // namespace
 
-ControlFrame::ControlFrame(QWidget *parent, EditorKind kind, const QString &innerName)
+ControlFrame::ControlFrame(QWidget *parent, const EditorFactory &makeEditor)
     : QFrame(parent), m_commonDefaults(&maskBoxDefaults)
 {
-    if (kind == EditorKind::InnerMask) {
-        auto editor = std::make_unique<InnerMaskEditor>(*this, innerName);
-        m_inner = editor.get();
-        m_editor = std::move(editor);
+    if (makeEditor) {
+        m_editor = makeEditor(*this);
     } else {
         auto editor = std::make_unique<LineEditor>(*this);
         m_line = editor.get();
@@ -61,7 +57,6 @@ ControlFrame::~ControlFrame()
     // The editor detaches from the inner widgets first: their last events must not reach a
     // half-destroyed control.
     m_line = nullptr;
-    m_inner = nullptr;
     m_editor.reset();
 }
 
@@ -73,11 +68,6 @@ QLineEdit *ControlFrame::Text1() const
 QCheckBox *ControlFrame::Check1() const
 {
     return m_line ? m_line->check1() : nullptr;
-}
-
-MaskBox *ControlFrame::innerBox() const
-{
-    return m_inner ? m_inner->box() : nullptr;
 }
 
 QString ControlFrame::shownText() const

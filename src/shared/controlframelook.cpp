@@ -3,11 +3,10 @@
 // text where a QLineEdit's would be, its border the style's line-edit panel.
 #include <tarnwell/controlframe.h>
 
-#include <tarnwell/maskbox.h>
 
 #include "shared/commonproperties.h"
 #include "shared/framestyle.h"
-#include "shared/innermaskeditor.h"
+#include "innermask/innermaskeditor.h"
 #include "shared/lineeditor.h"
 #include "shared/twips.h"
 
@@ -73,12 +72,7 @@ void ControlFrame::applyTextColor()
 void ControlFrame::setCommonDefaults(const CommonDefaults &defaults)
 {
     m_commonDefaults = &defaults;
-    // The inner box draws this control's colours, so it knows their defaults too.
-    if (m_inner) {
-        ControlFrame *inner = m_inner->box();
-        inner->m_commonDefaults = &defaults;
-        inner->applyTextColor();
-    }
+    m_editor->commonDefaultsChanged(defaults);
 }
 
 void ControlFrame::paintTextBox(QWidget *box) const

@@ -9,6 +9,8 @@ class QWidget;
 
 namespace Tarnwell {
 
+struct CommonDefaults;
+
 // The inner widgets that carry a control's text, seen from the frame. The frame stores the common
 // values it owns and asks its editor to apply them; the values that live in the inner widgets
 // (alignment, locked state, selection, check box) are read back from them.
@@ -44,6 +46,9 @@ public:
     // The text widget's answer, its rectangles in the control's coordinates.
     virtual QVariant inputMethodQuery(Qt::InputMethodQuery query) const = 0;
     virtual void apply(Applied what) = 0;
+    // The control's defaults of the common properties changed (its constructor names its own):
+    // inner widgets that draw its colours take them too.
+    virtual void commonDefaultsChanged(const CommonDefaults &) {}
 
     virtual twAlignmentConstants alignment() const = 0;
     virtual void setAlignment(twAlignmentConstants alignment) = 0;

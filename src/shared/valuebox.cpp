@@ -22,8 +22,8 @@ constexpr int PageSteps = 10;
 
 } // namespace
 
-ValueBox::ValueBox(QWidget *parent, EditorKind kind, const QString &innerName, ArrowKeysFollow follow)
-    : ControlFrame(parent, kind, innerName),
+ValueBox::ValueBox(QWidget *parent, const EditorFactory &makeEditor, ArrowKeysFollow follow)
+    : ControlFrame(parent, makeEditor),
       m_stepper(std::make_unique<UpDownStepper>(*this, [this](bool up) { runStep(up); })),
       m_follow(follow)
 {

@@ -5,6 +5,7 @@
 #include <tarnwell/maskbox.h>
 #include <tarnwell/variant.h>
 
+#include "innermask/innermaskeditor.h"
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
 #include "shared/modelvalues.h"
@@ -26,7 +27,7 @@ const char TagProperty[] = "Tag";
 } // namespace
 
 TimeBox::TimeBox(QWidget *parent)
-    : ValueBox(parent, EditorKind::InnerMask, QStringLiteral("mdtTime"), ArrowKeysFollow::No),
+    : ValueBox(parent, InnerMaskEditor::factory(QStringLiteral("mdtTime")), ArrowKeysFollow::No),
       m_fields(std::make_unique<TimeFields>())
 {
     Variant::registerTypes();
@@ -39,6 +40,11 @@ TimeBox::TimeBox(QWidget *parent)
 }
 
 TimeBox::~TimeBox() = default;
+
+MaskBox *TimeBox::innerBox() const
+{
+    return &InnerMaskEditor::boxOf(editor());
+}
 
 // ---------------------------------------------------------------------------------------------
 // Properties

@@ -1,4 +1,4 @@
-#include "shared/innermaskeditor.h"
+#include "innermask/innermaskeditor.h"
 
 #include <tarnwell/controlframe.h>
 #include <tarnwell/dataobject.h>
@@ -24,6 +24,21 @@ InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
     m_box->clearDirty();
     m_checked = m_box->Checked();
     relayEvents();
+}
+
+ControlFrame::EditorFactory InnerMaskEditor::factory(const QString &name)
+{
+    return [name](ControlFrame &frame) -> std::unique_ptr<FrameEditor> {
+        return std::make_unique<InnerMaskEditor>(frame, name);
+    };
+}
+
+void InnerMaskEditor::commonDefaultsChanged(const CommonDefaults &defaults)
+{
+    // The inner box draws the outer control's colours, so it knows their defaults too.
+    ControlFrame *inner = m_box;
+    inner->m_commonDefaults = &defaults;
+    inner->applyTextColor();
 }
 
 InnerMaskEditor::~InnerMaskEditor()

@@ -1,4 +1,6 @@
 #pragma once
+#include <tarnwell/controlframe.h>
+
 #include "shared/frameeditor.h"
 
 #include <QObject>
@@ -23,12 +25,20 @@ public:
     ~InnerMaskEditor() override;
 
     MaskBox *box() const { return m_box; }
+    // The editor a control on an inner MaskBox named `name` hands its frame.
+    static ControlFrame::EditorFactory factory(const QString &name);
+    // The inner box of a control made with factory().
+    static MaskBox &boxOf(const FrameEditor &editor)
+    {
+        return *static_cast<const InnerMaskEditor &>(editor).m_box;
+    }
 
     // FrameEditor
     QWidget *focusTarget() const override;
     void forward(QEvent *event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void apply(Applied what) override;
+    void commonDefaultsChanged(const CommonDefaults &defaults) override;
     twAlignmentConstants alignment() const override;
     void setAlignment(twAlignmentConstants alignment) override;
     bool locked() const override;
