@@ -25,20 +25,18 @@ void UpDownButton::setValue(int value)
     emit Change();
 }
 
-void UpDownButton::setPartEnabled(Part part, bool enabled)
-{
-    bool &flag = part == UpPart ? m_upEnabled : m_downEnabled;
-    if (part == NoPart || flag == enabled)
-        return;
-    flag = enabled;
-    if (!enabled && m_pressed == part)
-        release();
-    update();
-}
-
 bool UpDownButton::isPartEnabled(Part part) const
 {
-    return part == UpPart ? m_upEnabled : part == DownPart ? m_downEnabled : false;
+    if (part == NoPart)
+        return false;
+    if (!m_arrows)
+        return true;
+    try {
+        const auto [up, down] = m_arrows();
+        return part == UpPart ? up : down;
+    } catch (...) {
+        return true; // a value that cannot be asked leaves the arrow usable
+    }
 }
 
 UpDownButton::Part UpDownButton::partAt(const QPoint &pos) const
@@ -75,10 +73,6 @@ void UpDownButton::initSpinOption(QStyleOptionSpinBox *option) const
 {
     FrameStyle::initSpinBoxOption(option, this, QRect());
     option->stepEnabled = {};
-    if (isEnabled() && m_upEnabled)
-        option->stepEnabled |= QAbstractSpinBox::StepUpEnabled;
-    if (isEnabled() && m_downEnabled)
-        option->stepEnabled |= QAbstractSpinBox::StepDownEnabled;
     const Part active = m_pressed != NoPart ? (m_under ? m_pressed : NoPart) : m_hovered;
     option->activeSubControls = active == UpPart     ? QStyle::SC_SpinBoxUp
                                 : active == DownPart ? QStyle::SC_SpinBoxDown
@@ -123,6 +117,11 @@ void UpDownButton::paintEvent(QPaintEvent *)
     painter.setClipRect(rect());
     QStyleOptionSpinBox option;
     initSpinOption(&option);
+    // Asked here, where the arrows are drawn, not on every change of the value.
+    if (isEnabled() && isPartEnabled(UpPart))
+        option.stepEnabled |= QAbstractSpinBox::StepUpEnabled;
+    if (isEnabled() && isPartEnabled(DownPart))
+        option.stepEnabled |= QAbstractSpinBox::StepDownEnabled;
     style()->drawComplexControl(QStyle::CC_SpinBox, &option, &painter, this);
 }
 
@@ -200,8 +199,8 @@ void UpDownButton::fire()
 
 void UpDownButton::repeat()
 {
-    if (m_pressed == NoPart || !isEnabled()) {
-        release();
+    if (m_pressed == NoPart || !isEnabled() || !isPartEnabled(m_pressed)) {
+        release(); // held down up to a bound, the arrow stops there
         return;
     }
     if (m_repeat.interval() != RepeatInterval)

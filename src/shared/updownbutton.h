@@ -2,6 +2,9 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
+#include <utility>
+
 class QStyleOptionSpinBox;
 
 namespace Tarnwell {
@@ -30,9 +33,11 @@ public:
     bool Visible() const { return !isHidden(); }
 
     Part pressedPart() const { return m_pressed; }
-    // One arrow greyed out (a step that way would not move the value): drawn disabled, and a
-    // press on it does nothing.
-    void setPartEnabled(Part part, bool enabled);
+    // Whether a step up, and a step down, would move the owner's value now. Asked when the
+    // arrows are drawn and pressed, never stored: an arrow that would not move the value is
+    // greyed out, and a press on it does nothing. Without a query both arrows are enabled.
+    using ArrowsQuery = std::function<std::pair<bool, bool>()>;
+    void setArrowsQuery(ArrowsQuery query) { m_arrows = std::move(query); }
     bool isPartEnabled(Part part) const;
     Part partAt(const QPoint &pos) const;
     // The part's share of the widget: the style's up button and everything above the down
@@ -66,8 +71,7 @@ private:
     Part m_pressed = NoPart;
     Part m_hovered = NoPart;
     bool m_under = false; // the pointer is over the pressed part
-    bool m_upEnabled = true;
-    bool m_downEnabled = true;
+    ArrowsQuery m_arrows;
     QTimer m_repeat;
 };
 

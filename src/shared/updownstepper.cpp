@@ -29,8 +29,6 @@ bool UpDownStepper::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == &m_frame && event->type() == QEvent::ToolTipChange)
         updateToolTip();
-    else if (watched == m_button && event->type() == QEvent::Enter)
-        updateArrows();
     return false;
 }
 
@@ -42,7 +40,7 @@ UpDownButton *UpDownStepper::ensureButton()
     m_button->setObjectName(QStringLiteral("UpDown1"));
     m_button->hide();
     connect(m_button, &UpDownButton::Change, this, guardedSlot([this] { pressed(); }));
-    m_button->installEventFilter(this);
+    m_button->setArrowsQuery(m_arrows);
     updateEnabled();
     updateToolTip();
     return m_button;
@@ -74,15 +72,9 @@ void UpDownStepper::updateEnabled()
 
 void UpDownStepper::updateArrows()
 {
-    if (!m_button || !m_shown || !m_arrows)
-        return;
-    try {
-        const auto [up, down] = m_arrows();
-        m_button->setPartEnabled(UpDownButton::UpPart, up);
-        m_button->setPartEnabled(UpDownButton::DownPart, down);
-    } catch (...) {
-        // A value that cannot be stepped leaves the arrows as they were.
-    }
+    // The button asks for the arrows' state when it paints; a new value only repaints it.
+    if (m_button && m_shown)
+        m_button->update();
 }
 
 void UpDownStepper::updateToolTip()

@@ -34,8 +34,8 @@ public:
     void updateEnabled();
     // One step, as a press on the upper (true) or lower half of the button.
     void stepBy(bool up);
-    // The arrows greyed out where a step would not move the value; asked again whenever the
-    // pointer comes over the button, since the field under the caret may have moved since.
+    // The arrows greyed out where a step would not move the value (handed to the button, which
+    // asks when it paints); updateArrows() repaints them after the value moved.
     void setArrowsQuery(ArrowsQuery query) { m_arrows = std::move(query); }
     void updateArrows();
 
