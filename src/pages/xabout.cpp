@@ -8,8 +8,12 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QStyle>
+#include <QTextDocument>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 #ifndef TARNWELL_SUPPORT_EMAIL
 #define TARNWELL_SUPPORT_EMAIL "support@tarnwell.dev"
@@ -132,7 +136,13 @@ xAbout::xAbout(QWidget *parent)
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     text->setPlainText(shown);
     text->setAccessibleName(tr("Disclaimer"));
-    text->setMinimumHeight(text->fontMetrics().lineSpacing() * 6);
+    // Wide enough for the longest line, so only the height ever needs a scroll bar.
+    int widest = 0;
+    for (const QString &line : shown.split(u'\n'))
+        widest = std::max(widest, text->fontMetrics().horizontalAdvance(line));
+    text->setMinimumSize(widest + 2 * (text->frameWidth() + int(text->document()->documentMargin()))
+                             + text->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4,
+                         text->fontMetrics().lineSpacing() * 6);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(frame);
