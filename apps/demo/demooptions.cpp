@@ -6,12 +6,14 @@ QString DemoOptions::usage()
 {
     return QStringLiteral(
         "Usage: tarnwell-demo [--load FILE] [--sample] [--design] [--dark] [--drop-down FIELD] [--save FILE]\n"
-        "                    [--screenshot FILE]\n"
+        "                    [--properties FIELD [--page CAPTION]] [--screenshot FILE]\n"
         "  --load FILE        apply a form saved as JSON\n"
         "  --sample           type a sample customer order into the form\n"
         "  --design           start in design mode\n"
         "  --dark             the Fusion style in a dark palette\n"
         "  --drop-down FIELD  open the calendar of a date field (dtbOrderDate, dtbDelivery...)\n"
+        "  --properties FIELD open a field's property dialog in design mode (mskTelephone...)\n"
+        "  --page CAPTION     the dialog's page to show: General (the default) or About\n"
         "  --save FILE        save the form's properties as JSON and exit\n"
         "  --screenshot FILE  render the window to a PNG and exit (types the sample order first\n"
         "                     unless --load is given)\n"
@@ -56,11 +58,17 @@ DemoOptions DemoOptions::parse(const QStringList &arguments)
             options.dark = true;
         else if (argument == QLatin1String("--drop-down"))
             takeArgument(i, options.dropDown, "field name");
+        else if (argument == QLatin1String("--properties"))
+            takeArgument(i, options.properties, "field name");
+        else if (argument == QLatin1String("--page"))
+            takeArgument(i, options.page, "page caption");
         else if (argument == QLatin1String("-h") || argument == QLatin1String("--help"))
             options.help = true;
         else
             options.error = QStringLiteral("unknown argument \"%1\"").arg(argument);
     }
+    if (options.error.isEmpty() && !options.page.isEmpty() && options.properties.isEmpty())
+        options.error = QStringLiteral("--page needs --properties");
     if (!options.error.isEmpty()) {
         DemoOptions failed;
         failed.error = options.error;

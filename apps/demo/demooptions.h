@@ -19,6 +19,8 @@ public:
     bool design = false;    // --design: start in design mode
     bool dark = false;      // --dark: the Fusion style in a dark palette
     QString dropDown;       // --drop-down FIELD: open that date field's calendar
+    QString properties;     // --properties FIELD: open that field's property dialog (design mode)
+    QString page;           // --page CAPTION: the dialog's page to show ("General", "About")
     bool help = false;
     QString error;          // set when the command line cannot be used; nothing else is then
 

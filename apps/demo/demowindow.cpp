@@ -1,9 +1,12 @@
 #include "demowindow.h"
 
 #include "demoform.h"
+#include "designsurface.h"
 #include "eventlog.h"
 #include "formdocument.h"
 #include "orderlines.h"
+
+#include <tarnwell/propertydialog.h>
 
 #include <QActionGroup>
 #include <QApplication>
@@ -14,11 +17,14 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPushButton>
 #include <QSaveFile>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Tarnwell::Demo {
 
@@ -63,6 +69,8 @@ DemoWindow::DemoWindow(QWidget *parent) : QMainWindow(parent)
     m_modeLabel = new QLabel;
     statusBar()->addPermanentWidget(m_modeLabel);
     createActions();
+    m_surface = new DesignSurface(m_form, m_propertiesAction);
+    connect(m_surface, &DesignSurface::selectionChanged, this, &DemoWindow::updatePropertiesAction);
     setDesignMode(false);
     resize(sizeHint().expandedTo(QSize(960, 640)));
 }
@@ -87,12 +95,21 @@ void DemoWindow::createActions()
     connect(m_runAction, &QAction::triggered, this, [this] { setDesignMode(false); });
     connect(m_designAction, &QAction::triggered, this, [this] { setDesignMode(true); });
 
+    m_propertiesAction = new QAction(tr("&Properties..."), this);
+    m_propertiesAction->setObjectName(QStringLiteral("propertiesAction"));
+    m_propertiesAction->setToolTip(tr("Edit the selected fields' settings"));
+    connect(m_propertiesAction, &QAction::triggered, this, &DemoWindow::openProperties);
+
     QMenu *mode = menuBar()->addMenu(tr("&Mode"));
     mode->addActions(modes->actions());
+    mode->addSeparator();
+    mode->addAction(m_propertiesAction);
     QToolBar *toolBar = addToolBar(tr("Mode"));
     toolBar->setObjectName(QStringLiteral("modeToolBar"));
     toolBar->setMovable(false);
     toolBar->addActions(modes->actions());
+    toolBar->addSeparator();
+    toolBar->addAction(m_propertiesAction);
 }
 
 void DemoWindow::setDesignMode(bool design)
@@ -101,6 +118,12 @@ void DemoWindow::setDesignMode(bool design)
     m_form->setDesignMode(design);
     m_lines->setDesignMode(design);
     (design ? m_designAction : m_runAction)->setChecked(true);
+    // The glass takes the clicks in design mode only; leaving it drops the selection.
+    if (!design)
+        m_surface->clearSelection();
+    m_surface->setVisible(design);
+    m_surface->raise();
+    updatePropertiesAction();
     m_modeLabel->setText(design ? tr("Design mode") : tr("Run mode"));
     if (changed)
         m_log->note(design ? tr("design mode") : tr("run mode"));
@@ -151,14 +174,70 @@ bool DemoWindow::dropDown(const QString &fieldName, QString *error)
     return true;
 }
 
+void DemoWindow::updatePropertiesAction()
+{
+    m_propertiesAction->setEnabled(m_form->designMode() && !m_surface->selection().isEmpty());
+}
+
+PropertyDialog *DemoWindow::propertyDialog() const
+{
+    return m_dialog;
+}
+
+void DemoWindow::openProperties()
+{
+    const QList<QWidget *> fields = m_surface->selection();
+    if (fields.isEmpty())
+        return;
+    if (m_dialog)
+        m_dialog->close();
+    QList<QObject *> controls(fields.cbegin(), fields.cend());
+    m_dialog = new PropertyDialog(controls, this);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    const QString names = m_dialog->windowTitle();
+    // The pages write through the fields' properties, so the form shows every change at once and
+    // a save writes it.
+    connect(m_dialog, &QDialog::accepted, m_log, [this, names] { m_log->note(tr("%1: OK").arg(names)); });
+    connect(m_dialog->applyButton(), &QAbstractButton::clicked, m_surface, qOverload<>(&QWidget::update));
+    m_log->note(names);
+    m_dialog->open();
+}
+
+bool DemoWindow::showProperties(const QString &fieldName, const QString &page, QString *error)
+{
+    QWidget *field = m_form->field(fieldName);
+    if (!field) {
+        *error = tr("No field named %1").arg(fieldName);
+        return false;
+    }
+    setDesignMode(true);
+    m_surface->selectOnly(field);
+    openProperties();
+    if (!page.isEmpty() && !m_dialog->setCurrentPage(page)) {
+        *error = tr("No page named %1 for %2").arg(page, fieldName);
+        return false;
+    }
+    QApplication::processEvents();
+    return true;
+}
+
 bool DemoWindow::renderTo(const QString &path, QString *error)
 {
     QPixmap image = grab();
-    // Open popups (a date field's calendar) are windows of their own: drawn where they stand.
+    // Open popups (a date field's calendar) and the property dialog are windows of their own:
+    // drawn where they stand, a dialog kept inside the picture.
     QPainter painter(&image);
     for (QWidget *popup : QApplication::topLevelWidgets()) {
-        if (popup != this && popup->isVisible() && popup->windowType() == Qt::Popup)
-            painter.drawPixmap(popup->mapToGlobal(QPoint()) - mapToGlobal(QPoint()), popup->grab());
+        if (popup == this || !popup->isVisible())
+            continue;
+        QPoint at = popup->mapToGlobal(QPoint()) - mapToGlobal(QPoint());
+        if (popup->windowType() == Qt::Dialog && popup->parentWidget() == this) {
+            at.setX(std::clamp(at.x(), 0, std::max(0, image.width() - popup->width())));
+            at.setY(std::clamp(at.y(), 0, std::max(0, image.height() - popup->height())));
+        } else if (popup->windowType() != Qt::Popup) {
+            continue;
+        }
+        painter.drawPixmap(at, popup->grab());
     }
     painter.end();
     if (image.isNull() || !image.save(path, "PNG")) {

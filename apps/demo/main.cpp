@@ -90,6 +90,10 @@ int main(int argc, char **argv)
         fail(error);
         return 1;
     }
+    if (!options.properties.isEmpty() && !window.showProperties(options.properties, options.page, &error)) {
+        fail(error);
+        return 1;
+    }
     if (!options.batch())
         return app.exec();
 
