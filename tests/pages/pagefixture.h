@@ -57,9 +57,11 @@ protected:
         if (selection.isEmpty())
             selection = QList<QObject *>(controls.begin(), controls.end());
         page->setSelectedControls(selection);
-        page->SelectionChanged();
         window->show();
         (void)QTest::qWaitForWindowExposed(window.get());
+        spy->clear();
+        page->SelectionChanged();
+        changesWhileFilling = int(spy->count());
         spy->clear();
     }
 
@@ -72,6 +74,9 @@ public:
         EXPECT_NE(found, nullptr) << "no " << name;
         return found;
     }
+
+    // The keyboard focus on the named widget, as a click or Tab would put it.
+    void showAndFocusField(const char *name) { showAndFocus(widget(name)); }
 
     // A mouse click on the box's indicator, as the user ticks it.
     void click(const char *name)
@@ -108,6 +113,7 @@ protected:
     Page *page = nullptr;
     std::vector<Tarnwell::ControlFrame *> controls;
     std::unique_ptr<QSignalSpy> spy; // changedChanged, cleared once the page is filled
+    int changesWhileFilling = 0;
 };
 
 // What a widget of the page shows, as the property it edits would hold it.

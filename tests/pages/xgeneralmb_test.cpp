@@ -95,6 +95,7 @@ TEST_P(GeneralMBFill, ShowsTheFirstControl)
     select();
     EXPECT_EQ(shownBy(widget(GetParam().widget)), GetParam().expected);
     EXPECT_FALSE(page->Changed());
+    EXPECT_EQ(changesWhileFilling, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(
