@@ -25,6 +25,11 @@ class PageFields;
 // emptied (no valid time: Null or Empty) writes nothing for that bound, so the control keeps it;
 // the page checks no value itself: a separator the control refuses (anything but ":" or ".")
 // throws its Tarnwell::Error out of ApplyChanges after the writes before it.
+//
+// Qt layouts place the widgets (fields in Frame1, check boxes in Frame2), so the page follows the
+// font and the screen scale; Tab visits the widgets in the order of the page's widget table and
+// every "&" caption is an access key. tmMinimum and tmMaximum are created in run mode: live editors,
+// not controls being designed.
 class TARNWELL_EXPORT xGeneralTB : public PropertyPage
 {
     Q_OBJECT
