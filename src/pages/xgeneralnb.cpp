@@ -145,8 +145,8 @@ void xGeneralNB::layOut()
         order.append(field);
     }
 
-    // Wide enough for a Long's bounds with decimals; a Double's limits still scroll.
-    const int numberWidth = fontMetrics().horizontalAdvance(QStringLiteral("-2,147,483,648.00 ")) + 24;
+    // Wide enough for a Currency's bounds with a symbol; Decimal's and Double's limits scroll.
+    const int numberWidth = fontMetrics().horizontalAdvance(QStringLiteral("-$922,337,203,685,477.58 ")) + 24;
     for (NumberBox *field : {m_increment, m_minimum, m_maximum, m_value})
         field->setMinimumWidth(numberWidth);
 
