@@ -213,11 +213,7 @@ INSTANTIATE_TEST_SUITE_P(Paths, ForeignText, ::testing::Values(
     ForeignCase{"InputMethodLettersDropped", twDouble, [](QLineEdit *t) { commit(t, "x"); }, "12.00", "12"},
     ForeignCase{"InputMethodDigitsTyped", twDouble, [](QLineEdit *t) { t->home(false); commit(t, "x5"); }, "512.00", "512"},
     ForeignCase{"UndoneInsertByte", twByte, undoAnInsertOverAll, "12", "12"},
-    ForeignCase{"UndoneInsertInteger", twInteger, undoAnInsertOverAll, "12", "12"},
-    ForeignCase{"UndoneInsertLong", twLong, undoAnInsertOverAll, "12", "12"},
     ForeignCase{"UndoneInsertSingle", twSingle, undoAnInsertOverAll, "123.00", "123"},
-    ForeignCase{"UndoneInsertDouble", twDouble, undoAnInsertOverAll, "123.00", "123"},
-    ForeignCase{"UndoneInsertCurrency", twCurrency, undoAnInsertOverAll, "123.00", "123"},
     ForeignCase{"UndoneInsertDecimal", twDecimal, undoAnInsertOverAll, "123.00", "123"}), rowName);
 
 // Its menu would offer undo, cut and paste past the number editor.
@@ -497,8 +493,6 @@ INSTANTIATE_TEST_SUITE_P(Bags, NumberBoxBadBags, ::testing::Values(
     BadBagCase{"DecimalPlacesAbove28", {{"DecimalPlaces", qint16(29)}}},
     BadBagCase{"BorderStyleOutOfRange", {{"BorderStyle", qint32(3)}}},
     BadBagCase{"NegativeColorText", {{"NegativeColor", "red"}}},
-    BadBagCase{"AlignmentText", {{"Alignment", "left"}}},
-    BadBagCase{"MousePointerText", {{"MousePointer", "left"}}},
     BadBagCase{"ShowCurrencySymbolOutOfRange", {{"ShowCurrencySymbol", qint32(5)}}},
     BadBagCase{"LastKeyEnterAsTabText", {{"DataType", qint32(twByte)}, {"EnterAsTab", "left"}}},
     BadBagCase{"SingleValueSavedAsSingle1e300", {single, {"Value", savedSingle(1e300)}}},

@@ -6,15 +6,20 @@
 //   settings of the first control  "Format=twYearMonth|Minimum=2000-01-31" (dates, times ISO)
 //   gestures  click:chkUpDown  choose:cmbDateFormat=3 (Home, then Down)  again:cmbDateFormat (F4,
 //             Enter: the item shown, chosen again)  type:cmbSeparator=- (over the whole text)
-//             keys:dtMinimum=HE0102 (to the box; H Home, E Shift+End, ~ Delete, < Backspace)
+//             keys:dtMinimum=HE0102 (to the box; H Home, E Shift+End, ~ Delete, < Backspace, ^ Up,
+//             v Down, > Tab)
 //   what a widget shows  "chkUpDown=1|cmbDateFormat=#3|txtDisplayFormat=yyyy-mmm|dtMinimum=Empty"
 //             (a name with a dot reads that property of the widget: "tmMinimum.Text=...")
+// Every gesture must mark the page changed on its own. Numbers, dates and times in the settings are
+// passed as such, the rest as text. Regional settings give two decimals to the types that take any.
 #include <tarnwell/clock.h>
 #include <tarnwell/date.h>
 #include <tarnwell/propertypage.h>
 #include <tarnwell/variant.h>
 
 #include "common/testsupport.h"
+#include "shared/memorysettingsstore.h"
+#include "shared/settingsreader.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -33,6 +38,7 @@ struct Row {
     const char *writes = "";  // the first control's properties after ApplyChanges
     int error = 0;            // what ApplyChanges throws
     const char *order = "";   // the property names written, in order, when given
+    const char *refuse = "";  // the property the host refuses ("Invalid property value")
 };
 inline void PrintTo(const Row &row, std::ostream *os) { *os << row.name; }
 
@@ -62,6 +68,9 @@ protected:
     {
         WidgetFixture::SetUp();
         Clock::pin(QDateTime(QDate(2024, 5, 15), QTime(9, 30)));
+        for (const char *name : {"iDigits", "iCurrDigits"})
+            store.setString(SettingsStore::CurrentUser, "Control Panel\\International", name, "2");
+        SettingsReader::setStore(&store);
         page = new Page(window.get());
         (new QVBoxLayout(window.get()))->addWidget(page);
         page->setSelectedControls({&first, &second});
@@ -70,6 +79,7 @@ protected:
     {
         WidgetFixture::TearDown();
         Clock::unpin();
+        SettingsReader::setStore(nullptr);
     }
 
     QWidget *widget(const QString &name) const
@@ -118,9 +128,9 @@ protected:
             QTest::keyClicks(QApplication::focusWidget(), arg);
         } else {
             ASSERT_EQ(verb, u"keys");
-            const QList<Qt::Key> named{Qt::Key_Home, Qt::Key_End, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Up, Qt::Key_Down};
+            const QList<Qt::Key> named{Qt::Key_Home, Qt::Key_End, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Up, Qt::Key_Down, Qt::Key_Tab};
             for (const QChar c : arg) {
-                const qsizetype i = QStringView(u"HE~<^v").indexOf(c);
+                const qsizetype i = QStringView(u"HE~<^v>").indexOf(c);
                 QTest::keyClick(QApplication::focusWidget(), i < 0 ? Qt::Key(c.unicode()) : named[i],
                                 c == u'E' ? Qt::ShiftModifier : Qt::NoModifier);
             }
@@ -134,7 +144,12 @@ protected:
         for (const QString &item : items(row.settings)) {
             const auto [name, text] = split(item, u'=');
             QVariant value = text;
-            if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid())
+            bool whole = false, number = false;
+            if (text.toInt(&whole), whole)
+                value = text.toInt();
+            else if (text.toDouble(&number), number)
+                value = text.toDouble();
+            else if (const QDate date = QDate::fromString(text, Qt::ISODate); date.isValid())
                 value = QVariant::fromValue(Date::fromQDate(date));
             else if (const QTime time = QTime::fromString(text, Qt::ISODate); time.isValid())
                 value = QVariant::fromValue(Date::fromQTime(time));
@@ -144,8 +159,11 @@ protected:
         showAndFocus(page);
         EXPECT_FALSE(page->Changed()) << "after filling";
         const std::string before = TestSupport::propertiesOf(first), other = TestSupport::propertiesOf(second);
-        for (const QString &item : items(row.gestures))
+        for (const QString &item : items(row.gestures)) {
+            page->setChanged(false);
             gesture(item);
+            EXPECT_TRUE(page->Changed()) << "unmarked by " << item.toStdString();
+        }
         EXPECT_EQ(page->Changed(), *row.gestures != 0) << "after the gestures";
         EXPECT_EQ(TestSupport::propertiesOf(first), before) << "written before apply";
         for (const QString &item : items(row.shows))
@@ -154,6 +172,8 @@ protected:
         QStringList written;
         page->setPropertyWriter([&](QObject *control, const char *name, const QVariant &value) {
             written << QString::fromLatin1(name);
+            if (qstrcmp(name, row.refuse) == 0)
+                throw Error(Error::InvalidPropertyValue);
             if (!control->setProperty(name, value))
                 throw Error(Error::TypeMismatch);
         });
@@ -184,6 +204,7 @@ protected:
         return visited;
     }
 
+    MemorySettingsStore store;
     Control first, second;
     Page *page = nullptr;
 };

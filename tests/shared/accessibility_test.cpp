@@ -484,7 +484,6 @@ INSTANTIATE_TEST_SUITE_P(Ways, Focus, ::testing::Values(
     FocusRow{"TabIntoMaskBox", Phone, tabFromNotes, QAccessible::EditableText, "Phone:"},
     FocusRow{"TabIntoNumberBox", Price, tabFromNotes, QAccessible::SpinBox, "Price:"},
     FocusRow{"ClickIntoDateBox", OrderDate, focusText, QAccessible::SpinBox, "Order date:"},
-    FocusRow{"TabIntoTimeBox", Shift, tabFromNotes, QAccessible::SpinBox, "Shift start:"},
     FocusRow{"ClickOnCheckBox", Phone,
              [](Form *, ControlFrame *c) {
                  c->setCheckBox(true);

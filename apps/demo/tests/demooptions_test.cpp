@@ -17,6 +17,7 @@ struct OptionsRow {
     bool sample;
     bool design;
     const char *errorPart; // nullptr: parses
+    const char *properties = "", *page = ""; // the field whose dialog opens, on that page
 };
 
 const OptionsRow optionRows[] = {
@@ -34,6 +35,14 @@ const OptionsRow optionRows[] = {
     {"Unknown", {"--fast"}, "", "", "", false, false, "unknown argument \"--fast\""},
     {"StrayWord", {"order.json"}, "", "", "", false, false, "unknown argument"},
     {"ErrorDropsEverythingElse", {"--design", "--bogus"}, "", "", "", false, false, "unknown"},
+    {"Properties", {"--properties", "mskTelephone"}, "", "", "", false, false, nullptr, "mskTelephone"},
+    {"PropertiesAndPage", {"--properties=nmbPrice", "--page", "About"}, "", "", "", false, false, nullptr, "nmbPrice",
+     "About"},
+    {"PageBeforeProperties", {"--page", "General", "--properties", "dtbOrderDate"}, "", "", "", false, false, nullptr,
+     "dtbOrderDate", "General"},
+    {"PageAlone", {"--page", "About"}, "", "", "", false, false, "--page needs --properties"},
+    {"PropertiesMissingField", {"--properties"}, "", "", "", false, false, "needs a field name"},
+    {"PageMissingCaption", {"--properties", "x", "--page"}, "", "", "", false, false, "needs a page caption"},
 };
 class DemoOptionsTable : public ::testing::TestWithParam<OptionsRow> {};
 
@@ -53,6 +62,8 @@ TEST_P(DemoOptionsTable, Parses)
     EXPECT_EQ(options.screenshotFile, QString::fromUtf8(row.screenshot));
     EXPECT_EQ(options.sample, row.sample);
     EXPECT_EQ(options.design, row.design);
+    EXPECT_EQ(options.properties, QString::fromUtf8(row.properties));
+    EXPECT_EQ(options.page, QString::fromUtf8(row.page));
     EXPECT_EQ(options.batch(), *row.save || *row.screenshot);
 }
 

@@ -1,7 +1,6 @@
 // Design mode as a developer meets it: clicks and Ctrl+clicks select fields, "Properties..." opens
 // the dialog on the selection, what the dialog writes shows on the form and is saved with it.
 #include "demoform.h"
-#include "demooptions.h"
 #include "demowindow.h"
 #include "designsurface.h"
 #include "formdocument.h"
@@ -28,7 +27,6 @@ namespace {
 
 using Tarnwell::PropertyDialog;
 using Tarnwell::Demo::DemoForm;
-using Tarnwell::Demo::DemoOptions;
 using Tarnwell::Demo::DemoWindow;
 using Tarnwell::Demo::DesignSurface;
 
@@ -231,37 +229,5 @@ TEST_F(DesignFixture, ScreenshotShowsTheDialogOnTheAskedPage)
     EXPECT_TRUE(found);
     EXPECT_FALSE(window->showProperties(QStringLiteral("nmbNothing"), QString(), &error));
 }
-
-struct PropertiesOptionRow {
-    const char *name;
-    QStringList arguments;
-    const char *properties;
-    const char *page;
-    const char *errorPart; // null: parses
-};
-
-const PropertiesOptionRow propertiesOptionRows[] = {
-    {"field", {"--properties", "mskTelephone"}, "mskTelephone", "", nullptr},
-    {"field and page", {"--properties=nmbPrice", "--page", "About"}, "nmbPrice", "About", nullptr},
-    {"page before field", {"--page", "General", "--properties", "dtbOrderDate"}, "dtbOrderDate", "General", nullptr},
-    {"page alone", {"--page", "About"}, "", "", "--page needs --properties"},
-    {"field missing", {"--properties"}, "", "", "needs a field name"},
-    {"page missing", {"--properties", "x", "--page"}, "", "", "needs a page caption"},
-};
-class PropertiesOption : public ::testing::TestWithParam<PropertiesOptionRow> {};
-
-TEST_P(PropertiesOption, Parses)
-{
-    const DemoOptions options = DemoOptions::parse(QStringList{QStringLiteral("tarnwell-demo")} + GetParam().arguments);
-    if (GetParam().errorPart) {
-        EXPECT_TRUE(options.error.contains(QLatin1String(GetParam().errorPart))) << options.error.toStdString();
-        return;
-    }
-    EXPECT_EQ(options.error, QString());
-    EXPECT_EQ(options.properties, QString::fromLatin1(GetParam().properties));
-    EXPECT_EQ(options.page, QString::fromLatin1(GetParam().page));
-}
-
-INSTANTIATE_TEST_SUITE_P(Design, PropertiesOption, ::testing::ValuesIn(propertiesOptionRows), TestSupport::rowName);
 
 } // namespace
