@@ -13,6 +13,8 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # readable text in offscreen renderings and headless runs
   fonts-dejavu-core xvfb xauth
+  # screenshots of Designer under Xvfb (scripts/designer-shot.sh)
+  imagemagick xdotool
   # fuzzing and sanitizer builds with clang (libFuzzer lives in the runtime package; llvm brings
   # llvm-symbolizer for readable crash stacks)
   clang libclang-rt-14-dev llvm

@@ -22,6 +22,10 @@ public:
 
     constexpr Date() = default;
     constexpr explicit Date(double serial) : m_serial(serial) {}
+    // Code generated from a .ui file passes Qt's dates and times (setMinimum(QDate(2024, 1, 1))),
+    // taken as fromQDate and fromQTime take them.
+    Date(const QDate &date) : Date(fromQDate(date)) {}     // NOLINT
+    Date(const QTime &time) : Date(fromQTime(time)) {}     // NOLINT
     constexpr double serial() const { return m_serial; }
 
     // Date-serial construction with roll-over: month 13 is January of the next year, day 0 the last

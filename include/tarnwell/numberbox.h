@@ -33,12 +33,14 @@ class TARNWELL_EXPORT NumberBox : public ValueBox
 {
     Q_OBJECT
     Q_CLASSINFO("DefaultProperty", "Value")
-    Q_PROPERTY(QVariant Value READ Value WRITE setValue)
     Q_PROPERTY(Tarnwell::twDataTypeConstants DataType READ DataType WRITE setDataType)
     Q_PROPERTY(QVariant Minimum READ Minimum WRITE setMinimum)
     Q_PROPERTY(QVariant Maximum READ Maximum WRITE setMaximum)
     Q_PROPERTY(QVariant Increment READ Increment WRITE setIncrement)
     Q_PROPERTY(short DecimalPlaces READ DecimalPlaces WRITE setDecimalPlaces)
+    // After DataType and the range: a form loader writes properties in this order, and a set of
+    // DataType resets the value, a bound can leave it outside the range.
+    Q_PROPERTY(QVariant Value READ Value WRITE setValue)
     Q_PROPERTY(short MaxDecimalPlaces READ MaxDecimalPlaces WRITE setMaxDecimalPlaces STORED false)
     Q_PROPERTY(bool ThousandSeparator READ ThousandSeparator WRITE setThousandSeparator)
     Q_PROPERTY(QString CurrencySymbol READ CurrencySymbol WRITE setCurrencySymbol)

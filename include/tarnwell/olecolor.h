@@ -31,6 +31,8 @@ public:
                         | (std::uint32_t(b & 0xFF) << 16));
     }
     static OleColor fromQColor(const QColor &color);
+    // Code generated from a .ui file passes Qt's colours (setBackColor(QColor(255, 0, 0))).
+    OleColor(const QColor &color) : OleColor(fromQColor(color)) {} // NOLINT: as fromQColor
 
     constexpr bool isSystem() const { return (m_value & 0x80000000u) != 0; }
     // System colours from `palette` (unknown system indexes give the palette's text colour).

@@ -587,6 +587,8 @@ void Variant::registerTypes()
             // Negative numbers are the signed view of the same 32 bits (system colours).
             return OleColor(r < 0 ? std::uint32_t(std::int32_t(r)) : std::uint32_t(r));
         });
+        // What a .ui file or a colour dialog hands over: its red, green and blue.
+        addConverter<QColor, OleColor>([](const QColor &c) { return OleColor::fromQColor(c); });
         addConverter<OleColor, QString>([](const OleColor &v) { return QString::number(v.value()); });
         addConverter<QString, OleColor>([](const QString &s) {
             const std::int64_t w = Decimal::parse(s, QLocale::c()).toInt64();
