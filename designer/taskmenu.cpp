@@ -13,6 +13,9 @@
 #include <QtDesigner/QExtensionManager>
 
 #include <QAction>
+#include <QTimer>
+
+#include <memory>
 
 namespace Tarnwell {
 
@@ -36,7 +39,19 @@ void PropertiesTaskMenu::openPages()
             selection.append(widget);
     }
     PropertyDialog dialog(selection, form);
-    dialog.setPropertyWriter([form](QObject *control, const char *name, const QVariant &value) {
+    // One apply is one undo step: the first write of an apply opens the step, and it closes once
+    // the apply has returned to the event loop.
+    auto stepOpen = std::make_shared<bool>(false);
+    const QString step = tr("Properties of %1").arg(m_control->objectName());
+    dialog.setPropertyWriter([form, stepOpen, step](QObject *control, const char *name, const QVariant &value) {
+        if (!*stepOpen) {
+            *stepOpen = true;
+            form->beginCommand(step);
+            QTimer::singleShot(0, form, [form, stepOpen] {
+                form->endCommand();
+                *stepOpen = false;
+            });
+        }
         auto *widget = qobject_cast<QWidget *>(control);
         auto *sheet = qt_extension<QDesignerPropertySheetExtension *>(form->core()->extensionManager(), control);
         if (!widget || !sheet || sheet->indexOf(QLatin1String(name)) < 0)
