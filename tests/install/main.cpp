@@ -29,6 +29,8 @@
 #include <tarnwell/xgeneraltb.h>
 
 #include <QApplication>
+#include <QBuffer>
+#include <QUiLoader>
 #include <QMetaEnum>
 #include <QMimeData>
 #include <QStandardItemModel>
@@ -154,6 +156,26 @@ void useControls(QWidget *form)
 
 } // namespace
 
+// A form naming the four controls, built by QUiLoader from the plugin installed under the prefix:
+// the controls it makes are the library's own classes, in run mode.
+void useInstalledDesignerPlugin(QWidget *parent)
+{
+    QUiLoader loader;
+    loader.clearPluginPaths();
+    loader.addPluginPath(QStringLiteral(TARNWELL_INSTALLED_PLUGINS "/designer"));
+    QByteArray ui(R"(<ui version="4.0"><widget class="QWidget" name="form">
+        <widget class="Tarnwell::MaskBox" name="mask"><property name="Mask"><string>##-##</string></property></widget>
+        <widget class="Tarnwell::NumberBox" name="number"/><widget class="Tarnwell::DateBox" name="date"/>
+        <widget class="Tarnwell::TimeBox" name="time"/></widget></ui>)");
+    QBuffer buffer(&ui);
+    QWidget *form = loader.load(&buffer, parent);
+    check(form && form->findChild<MaskBox *>(QStringLiteral("mask")) && form->findChild<NumberBox *>(QStringLiteral("number"))
+              && form->findChild<DateBox *>(QStringLiteral("date")) && form->findChild<TimeBox *>(QStringLiteral("time")),
+          "Designer plugin: QUiLoader makes the four controls");
+    const MaskBox *mask = form ? form->findChild<MaskBox *>(QStringLiteral("mask")) : nullptr;
+    check(mask && mask->Mask() == QStringLiteral("##-##") && mask->UserMode(), "Designer plugin: a run-time control");
+}
+
 int main(int argc, char **argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -163,6 +185,7 @@ int main(int argc, char **argv)
     try {
         useValueTypes();
         useControls(&form);
+        useInstalledDesignerPlugin(&form);
     } catch (const Error &e) {
         check(false, e.what()); // a call the checks did not expect to throw
     }
