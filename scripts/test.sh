@@ -7,15 +7,17 @@
 #   fuzz       every libFuzzer target for FUZZ_SECONDS each on a scratch copy of its corpus,
 #              built with clang (build-fuzz/)
 #   bench      the benchmarks are compiled (not run) so that they cannot rot
-# Environment: PHASES (default "tests sanitize install fuzz bench"), FUZZ_SECONDS (default 60),
+#   docs       the API reference is built with Doxygen (build-docs/); any warning, an
+#              undocumented public member among them, fails it
+# Environment: PHASES (default "tests sanitize install fuzz bench docs"), FUZZ_SECONDS (default 60),
 # BUILD_ROOT (where the build directories go, default the repository root), JOBS.
 # Ends with the line "N passed, N failed" counting test suites, the install check and fuzz
-# targets; exits non-zero when anything failed or did not build.
+# targets and the docs build; exits non-zero when anything failed or did not build.
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
-phases=" ${PHASES:-tests sanitize install fuzz bench} "
+phases=" ${PHASES:-tests sanitize install fuzz bench docs} "
 fuzz_seconds=${FUZZ_SECONDS:-60}
 build_root=${BUILD_ROOT:-.}
 case $build_root in /*) ;; *) build_root=$root/$build_root ;; esac
@@ -147,6 +149,15 @@ if wants bench; then
   # Reuses the test build's objects: only the benchmark sources are compiled.
   build "$build_root/build" -DTARNWELL_BUILD_BENCH=ON -- tarnwell-bench \
     || record_failure "bench: build failed"
+fi
+
+if wants docs; then
+  banner "API reference (build-docs/)"
+  if DOCS_DIR="$build_root/build-docs" bash scripts/docs.sh; then
+    passed=$((passed + 1))
+  else
+    record_failure "docs: the API reference did not build without warnings"
+  fi
 fi
 
 banner summary
