@@ -11,7 +11,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
 if [ "${1:-}" = --screenshot ]; then
-  DEMO_SCREENSHOT=$root/docs/images/demo.png bash scripts/demo.sh --sample
+  DEMO_SCREENSHOT=$root/docs/images/demo.png bash scripts/demo.sh
   shift
 fi
 if ! command -v doxygen >/dev/null 2>&1; then

@@ -3,7 +3,8 @@
 #   tests      the test suites (build/)
 #   sanitize   the same suites under AddressSanitizer and UndefinedBehaviorSanitizer (build-sanitize/)
 #   install    the library of build/ installed into a fresh prefix, and a client project
-#              (tests/install/) built against that prefix alone and run (build-install/)
+#              (tests/install/) built against that prefix alone and run (build-install/); then
+#              each example of examples/ built against the same prefix and run with --check
 #   fuzz       every libFuzzer target for FUZZ_SECONDS each on a scratch copy of its corpus,
 #              built with clang (build-fuzz/)
 #   bench      the benchmarks are compiled (not run) so that they cannot rot
@@ -106,6 +107,18 @@ if wants install; then
      && cmake --build "$install_dir/client" -j "$jobs" \
      && QT_QPA_PLATFORM=offscreen "$install_dir/client/tarnwell-consumer"; then
     passed=$((passed + 1))
+    # The examples are clients too: each builds against the prefix alone and checks itself.
+    for example in examples/*/; do
+      name=$(basename "$example")
+      if cmake -S "$example" -B "$install_dir/examples/$name" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+           -DCMAKE_PREFIX_PATH="$install_dir/prefix" >/dev/null \
+         && cmake --build "$install_dir/examples/$name" -j "$jobs" \
+         && QT_QPA_PLATFORM=offscreen "$install_dir/examples/$name/$name" --check; then
+        passed=$((passed + 1))
+      else
+        record_failure "install: example $name did not build or run against the installed package"
+      fi
+    done
   else
     record_failure "install: a client of the installed package did not build or run"
   fi
