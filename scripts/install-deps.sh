@@ -18,6 +18,8 @@ packages=(
   # fuzzing and sanitizer builds with clang (libFuzzer lives in the runtime package; llvm brings
   # llvm-symbolizer for readable crash stacks)
   clang libclang-rt-14-dev llvm
+  # the API reference (scripts/docs.sh)
+  doxygen
 )
 
 missing=()

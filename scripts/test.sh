@@ -3,19 +3,22 @@
 #   tests      the test suites (build/)
 #   sanitize   the same suites under AddressSanitizer and UndefinedBehaviorSanitizer (build-sanitize/)
 #   install    the library of build/ installed into a fresh prefix, and a client project
-#              (tests/install/) built against that prefix alone and run (build-install/)
+#              (tests/install/) built against that prefix alone and run (build-install/); then
+#              each example of examples/ built against the same prefix and run with --check
 #   fuzz       every libFuzzer target for FUZZ_SECONDS each on a scratch copy of its corpus,
 #              built with clang (build-fuzz/)
 #   bench      the benchmarks are compiled (not run) so that they cannot rot
-# Environment: PHASES (default "tests sanitize install fuzz bench"), FUZZ_SECONDS (default 60),
+#   docs       the API reference is built with Doxygen (build-docs/); any warning, an
+#              undocumented public member among them, fails it
+# Environment: PHASES (default "tests sanitize install fuzz bench docs"), FUZZ_SECONDS (default 60),
 # BUILD_ROOT (where the build directories go, default the repository root), JOBS.
 # Ends with the line "N passed, N failed" counting test suites, the install check and fuzz
-# targets; exits non-zero when anything failed or did not build.
+# targets and the docs build; exits non-zero when anything failed or did not build.
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
-phases=" ${PHASES:-tests sanitize install fuzz bench} "
+phases=" ${PHASES:-tests sanitize install fuzz bench docs} "
 fuzz_seconds=${FUZZ_SECONDS:-60}
 build_root=${BUILD_ROOT:-.}
 case $build_root in /*) ;; *) build_root=$root/$build_root ;; esac
@@ -104,6 +107,18 @@ if wants install; then
      && cmake --build "$install_dir/client" -j "$jobs" \
      && QT_QPA_PLATFORM=offscreen "$install_dir/client/tarnwell-consumer"; then
     passed=$((passed + 1))
+    # The examples are clients too: each builds against the prefix alone and checks itself.
+    for example in examples/*/; do
+      name=$(basename "$example")
+      if cmake -S "$example" -B "$install_dir/examples/$name" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+           -DCMAKE_PREFIX_PATH="$install_dir/prefix" >/dev/null \
+         && cmake --build "$install_dir/examples/$name" -j "$jobs" \
+         && QT_QPA_PLATFORM=offscreen "$install_dir/examples/$name/$name" --check; then
+        passed=$((passed + 1))
+      else
+        record_failure "install: example $name did not build or run against the installed package"
+      fi
+    done
   else
     record_failure "install: a client of the installed package did not build or run"
   fi
@@ -147,6 +162,15 @@ if wants bench; then
   # Reuses the test build's objects: only the benchmark sources are compiled.
   build "$build_root/build" -DTARNWELL_BUILD_BENCH=ON -- tarnwell-bench \
     || record_failure "bench: build failed"
+fi
+
+if wants docs; then
+  banner "API reference (build-docs/)"
+  if DOCS_DIR="$build_root/build-docs" bash scripts/docs.sh; then
+    passed=$((passed + 1))
+  else
+    record_failure "docs: the API reference did not build without warnings"
+  fi
 fi
 
 banner summary
