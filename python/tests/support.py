@@ -12,6 +12,15 @@ from PyQt6.QtTest import QTest  # noqa: E402
 import tarnwell  # noqa: E402
 
 QtCore.QLocale.setDefault(QtCore.QLocale.c())
+
+
+def _quiet(kind, context, message):
+    # The offscreen platform says this of every top-level window; anything else is shown.
+    if "propagateSizeHints" not in message:
+        print(message, file=sys.stderr)
+
+
+QtCore.qInstallMessageHandler(_quiet)
 app = QtWidgets.QApplication.instance() or QtWidgets.QApplication(sys.argv[:1])
 
 
