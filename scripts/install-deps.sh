@@ -15,6 +15,10 @@ packages=(
   fonts-dejavu-core xvfb xauth
   # screenshots of Designer under Xvfb (scripts/designer-shot.sh)
   imagemagick xdotool
+  # the Python module: Debian's PyQt6 with its .sip files, SIP's generator, Python's headers
+  # (--no-install-recommends matters here: python3-pyqtbuild's recommended Qt 5 qmake would
+  # shadow Qt 6's)
+  python3-pyqt6 pyqt6-dev sip-tools python3-dev
   # fuzzing and sanitizer builds with clang (libFuzzer lives in the runtime package; llvm brings
   # llvm-symbolizer for readable crash stacks)
   clang libclang-rt-14-dev llvm

@@ -4,7 +4,8 @@
 #   sanitize   the same suites under AddressSanitizer and UndefinedBehaviorSanitizer (build-sanitize/)
 #   install    the library of build/ installed into a fresh prefix, and a client project
 #              (tests/install/) built against that prefix alone and run (build-install/); then
-#              each example of examples/ built against the same prefix and run with --check
+#              each example of examples/ built against the same prefix and run with --check,
+#              and the Python tests (python/tests/) against the tarnwell package in that prefix
 #   fuzz       every libFuzzer target for FUZZ_SECONDS each on a scratch copy of its corpus,
 #              built with clang (build-fuzz/)
 #   bench      the benchmarks are compiled (not run) so that they cannot rot
@@ -99,7 +100,9 @@ if wants install; then
   # their times, so the client recompiles only what changed; whatever an earlier install left that
   # this one did not write is removed, so the client cannot find a header that is gone.
   install_dir=$build_root/build-install
-  if build "$build_root/build" -- Tarnwell \
+  install_targets=(Tarnwell)
+  grep -q '^build python/' "$build_root/build/build.ninja" 2>/dev/null && install_targets+=(tarnwell_python)
+  if build "$build_root/build" -- "${install_targets[@]}" \
      && cmake --install "$build_root/build" --prefix "$install_dir/prefix" >/dev/null \
      && prune_stale "$install_dir/prefix" "$build_root/build/install_manifest.txt" \
      && cmake -S tests/install -B "$install_dir/client" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
@@ -122,6 +125,21 @@ if wants install; then
     done
   else
     record_failure "install: a client of the installed package did not build or run"
+  fi
+  # The Python package, with Debian's own interpreter (PyQt6 belongs to it, not to whatever
+  # python3 comes first on PATH), from the prefix alone.
+  python_package=$(find "$install_dir/prefix/lib" -path '*-packages/tarnwell/__init__.py' 2>/dev/null | head -n 1)
+  if [ -n "$python_package" ]; then
+    banner "python (python/tests against $(dirname "$(dirname "$python_package")"))"
+    if (cd "$root/python/tests" && QT_QPA_PLATFORM=offscreen \
+        PYTHONPATH=$(dirname "$(dirname "$python_package")") PYTHONDONTWRITEBYTECODE=1 \
+        timeout 600 /usr/bin/python3 -m unittest discover -s . -p 'test_*.py' 2>&1); then
+      passed=$((passed + 1))
+    else
+      record_failure "install: the Python tests of the installed package"
+    fi
+  elif grep -q '^build python/' "$build_root/build/build.ninja" 2>/dev/null; then
+    record_failure "install: the Python package was built but not installed"
   fi
 fi
 
