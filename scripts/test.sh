@@ -100,8 +100,13 @@ if wants install; then
   # their times, so the client recompiles only what changed; whatever an earlier install left that
   # this one did not write is removed, so the client cannot find a header that is gone.
   install_dir=$build_root/build-install
+  # The library first (which configures build/), then whatever else the install takes that this
+  # configuration builds: the Designer plugin and the Python module.
   install_targets=(Tarnwell)
-  grep -q '^build python/' "$build_root/build/build.ninja" 2>/dev/null && install_targets+=(tarnwell_python)
+  if build "$build_root/build" -- Tarnwell; then
+    grep -q '^build designer/' "$build_root/build/build.ninja" && install_targets+=(tarnwell_designer)
+    grep -q '^build python/' "$build_root/build/build.ninja" && install_targets+=(tarnwell_python)
+  fi
   if build "$build_root/build" -- "${install_targets[@]}" \
      && cmake --install "$build_root/build" --prefix "$install_dir/prefix" >/dev/null \
      && prune_stale "$install_dir/prefix" "$build_root/build/install_manifest.txt" \
