@@ -290,28 +290,28 @@ bool isNumber(PyObject *object)
     return isInteger(object) || PyFloat_Check(object) || isDecimal(object);
 }
 
-bool toCurrency(PyObject *object, Tarnwell::Currency &value)
+// Currency and Decimal take a float as its double and anything else by its exact decimal text.
+template<class Exact>
+bool toExact(PyObject *object, Exact &value)
 {
     if (PyFloat_Check(object)) {
         const double d = PyFloat_AsDouble(object);
-        return guarded([&] { value = Tarnwell::Currency::fromDouble(d); });
+        return guarded([&] { value = Exact::fromDouble(d); });
     }
     QString text;
     if (!exactText(object, text))
         return false;
-    return guarded([&] { value = Tarnwell::Currency::parse(text, QLocale::c()); });
+    return guarded([&] { value = Exact::parse(text, QLocale::c()); });
+}
+
+bool toCurrency(PyObject *object, Tarnwell::Currency &value)
+{
+    return toExact(object, value);
 }
 
 bool toDecimal(PyObject *object, Tarnwell::Decimal &value)
 {
-    if (PyFloat_Check(object)) {
-        const double d = PyFloat_AsDouble(object);
-        return guarded([&] { value = Tarnwell::Decimal::fromDouble(d); });
-    }
-    QString text;
-    if (!exactText(object, text))
-        return false;
-    return guarded([&] { value = Tarnwell::Decimal::parse(text, QLocale::c()); });
+    return toExact(object, value);
 }
 
 PyObject *fromCurrency(const Tarnwell::Currency &value)
