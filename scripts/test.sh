@@ -11,7 +11,7 @@
 #   bench      the benchmarks are compiled (not run) so that they cannot rot
 #   docs       the API reference is built with Doxygen (build-docs/); any warning, an
 #              undocumented public member among them, fails it
-# Environment: PHASES (default "tests sanitize install fuzz bench docs"), FUZZ_SECONDS (default 60),
+# Environment: PHASES (default "tests sanitize install fuzz bench docs"), FUZZ_SECONDS (default 30),
 # BUILD_ROOT (where the build directories go, default the repository root), JOBS.
 # Ends with the line "N passed, N failed" counting test suites, the install check and fuzz
 # targets and the docs build; exits non-zero when anything failed or did not build.
@@ -20,7 +20,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
 phases=" ${PHASES:-tests sanitize install fuzz bench docs} "
-fuzz_seconds=${FUZZ_SECONDS:-60}
+fuzz_seconds=${FUZZ_SECONDS:-30}
 build_root=${BUILD_ROOT:-.}
 case $build_root in /*) ;; *) build_root=$root/$build_root ;; esac
 jobs=${JOBS:-$(nproc)}
