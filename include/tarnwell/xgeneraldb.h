@@ -12,7 +12,7 @@ namespace Tarnwell {
 class DateBox;
 
 namespace Pages {
-class PageFields;
+class PageBindings;
 }
 
 /// @brief The "General" page of a DateBox: edits the first selected control's settings.
@@ -57,7 +57,7 @@ private:
     // The display pattern and the range boxes' order follow the chosen format.
     void followFormat();
 
-    std::unique_ptr<Pages::PageFields> m_fields;
+    std::unique_ptr<Pages::PageBindings> m_fields;
     QComboBox *m_format = nullptr;
     QLineEdit *m_displayFormat = nullptr;
     QComboBox *m_separator = nullptr;

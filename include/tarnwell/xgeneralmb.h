@@ -6,7 +6,7 @@
 namespace Tarnwell {
 
 namespace Pages {
-class PageFields;
+class PageBindings;
 }
 
 /// @brief The "General" page of a MaskBox: edits the first selected control's mask, case, alignment,
@@ -39,7 +39,7 @@ protected:
     /// @endcond
 
 private:
-    std::unique_ptr<Pages::PageFields> m_fields;
+    std::unique_ptr<Pages::PageBindings> m_fields;
 };
 
 } // namespace Tarnwell

@@ -10,7 +10,7 @@ namespace Tarnwell {
 
 class NumberBox;
 namespace Pages {
-class PageFields;
+class PageBindings;
 }
 
 /// @brief The "General" page of a NumberBox.
@@ -81,7 +81,7 @@ private:
     void takeRange();
     void showPreview();
 
-    std::unique_ptr<Pages::PageFields> m_fields;
+    std::unique_ptr<Pages::PageBindings> m_fields;
     QComboBox *m_dataType = nullptr;
     QComboBox *m_alignment = nullptr;
     QComboBox *m_borderStyle = nullptr;

@@ -10,7 +10,7 @@ namespace Tarnwell {
 class TimeBox;
 
 namespace Pages {
-class PageFields;
+class PageBindings;
 }
 
 /// @brief The "General" page of a TimeBox: edits the first selected control's settings.
@@ -49,7 +49,7 @@ private:
     // The range boxes take the chosen format.
     void followFormat();
 
-    std::unique_ptr<Pages::PageFields> m_fields;
+    std::unique_ptr<Pages::PageBindings> m_fields;
     QComboBox *m_format = nullptr;
     TimeBox *m_minimum = nullptr;
     TimeBox *m_maximum = nullptr;

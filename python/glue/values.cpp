@@ -63,9 +63,9 @@ bool exactText(PyObject *object, QString &text)
     if (isInteger(object)) {
         str = PyObject_Str(object);
     } else {
-        PyObject *spec = PyUnicode_FromString("f");
-        str = PyObject_Format(object, spec);
-        Py_DECREF(spec);
+        PyObject *fixed = PyUnicode_FromString("f");
+        str = PyObject_Format(object, fixed);
+        Py_DECREF(fixed);
     }
     if (!str)
         return false;
@@ -159,6 +159,19 @@ bool toVariant(PyObject *object, QVariant &variant, bool *ok)
 using FromConvertor = bool (*)(const QVariant &, PyObject **);
 using ToConvertor = bool (*)(PyObject *, QVariant &, bool *);
 
+// Anything else becomes a QVariant as PyQt6 itself would make it.
+bool toQVariantAsPyQt(PyObject *object, QVariant &value)
+{
+    int error = 0;
+    int state = 0;
+    auto *converted = static_cast<QVariant *>(sipConvertToType(object, sipType_QVariant, nullptr, 0, &state, &error));
+    if (error)
+        return false;
+    value = *converted;
+    sipReleaseType(converted, sipType_QVariant, state);
+    return true;
+}
+
 } // namespace
 
 bool canConvertToValue(PyObject *object)
@@ -204,13 +217,7 @@ bool toValue(PyObject *object, QVariant &value)
             return false;
         value = QVariant::fromValue(date);
     } else {
-        int error = 0;
-        int state = 0;
-        auto *converted = static_cast<QVariant *>(sipConvertToType(object, sipType_QVariant, nullptr, 0, &state, &error));
-        if (error)
-            return false;
-        value = *converted;
-        sipReleaseType(converted, sipType_QVariant, state);
+        return toQVariantAsPyQt(object, value);
     }
     return true;
 }
@@ -219,14 +226,7 @@ bool toPropertyValue(QObject *target, PyObject *object, QVariant &value)
 {
     if (target && target->inherits("Tarnwell::ControlFrame"))
         return toValue(object, value);
-    int error = 0;
-    int state = 0;
-    auto *converted = static_cast<QVariant *>(sipConvertToType(object, sipType_QVariant, nullptr, 0, &state, &error));
-    if (error)
-        return false;
-    value = *converted;
-    sipReleaseType(converted, sipType_QVariant, state);
-    return true;
+    return toQVariantAsPyQt(object, value);
 }
 
 PyObject *fromValue(const QVariant &value)

@@ -4,7 +4,7 @@
 #include <tarnwell/datebox.h>
 
 #include "datefields/datefields.h"
-#include "pages/pagefields.h"
+#include "pages/pagebindings.h"
 #include "pages/rangepagelayout.h"
 
 #include <QCheckBox>
@@ -17,7 +17,7 @@ namespace Tarnwell {
 
 xGeneralDB::xGeneralDB(QWidget *parent)
     : PropertyPage(QStringLiteral("General"), parent)
-    , m_fields(std::make_unique<Pages::PageFields>([this] { markChanged(); }))
+    , m_fields(std::make_unique<Pages::PageBindings>([this] { markChanged(); }))
 {
     using namespace Pages;
 

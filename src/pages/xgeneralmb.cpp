@@ -1,6 +1,6 @@
 #include <tarnwell/xgeneralmb.h>
 
-#include "pages/pagefields.h"
+#include "pages/pagebindings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,7 +33,7 @@ QString maskRules()
 
 xGeneralMB::xGeneralMB(QWidget *parent)
     : PropertyPage(QStringLiteral("General"), parent)
-    , m_fields(std::make_unique<Pages::PageFields>([this] { markChanged(); }))
+    , m_fields(std::make_unique<Pages::PageBindings>([this] { markChanged(); }))
 {
     using namespace Pages;
 

@@ -2,7 +2,7 @@
 #include <tarnwell/variant.h>
 #include <tarnwell/xgeneralnb.h>
 
-#include "pages/pagefields.h"
+#include "pages/pagebindings.h"
 #include "shared/slotguard.h"
 
 #include <QCheckBox>
@@ -42,7 +42,7 @@ NumberBox *makeNumber(QWidget *parent, const char *name)
 
 xGeneralNB::xGeneralNB(QWidget *parent)
     : PropertyPage(QStringLiteral("General"), parent)
-    , m_fields(std::make_unique<Pages::PageFields>([this] { markChanged(); }))
+    , m_fields(std::make_unique<Pages::PageBindings>([this] { markChanged(); }))
 {
     buildFields();
     buildSwitches();

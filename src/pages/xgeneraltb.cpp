@@ -2,7 +2,7 @@
 
 #include <tarnwell/timebox.h>
 
-#include "pages/pagefields.h"
+#include "pages/pagebindings.h"
 #include "pages/rangepagelayout.h"
 
 #include <QCheckBox>
@@ -30,7 +30,7 @@ TimeBox *makeRangeBox(QWidget *parent, const char *name)
 
 xGeneralTB::xGeneralTB(QWidget *parent)
     : PropertyPage(QStringLiteral("General"), parent)
-    , m_fields(std::make_unique<Pages::PageFields>([this] { markChanged(); }))
+    , m_fields(std::make_unique<Pages::PageBindings>([this] { markChanged(); }))
 {
     using namespace Pages;
 

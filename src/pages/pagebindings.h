@@ -38,10 +38,10 @@ QLabel *makeLabel(QWidget *parent, const char *name, const QString &text, QWidge
 
 // Widgets bound to properties by name. Every bound widget calls `edited` when the user (or the
 // page) changes it; the page decides whether that marks it changed.
-class PageFields
+class PageBindings
 {
 public:
-    explicit PageFields(std::function<void()> edited);
+    explicit PageBindings(std::function<void()> edited);
 
     void bind(const char *property, QCheckBox *box);        // ticked = true
     void bindIndex(const char *property, QComboBox *list);  // list index = value

@@ -1,4 +1,4 @@
-#include "pages/pagefields.h"
+#include "pages/pagebindings.h"
 
 #include <tarnwell/controlframe.h>
 
@@ -58,53 +58,53 @@ QLabel *makeLabel(QWidget *parent, const char *name, const QString &text, QWidge
     return label;
 }
 
-PageFields::PageFields(std::function<void()> edited)
+PageBindings::PageBindings(std::function<void()> edited)
     : m_edited(std::move(edited))
 {
 }
 
-void PageFields::add(const char *property, Kind kind, QObject *widget)
+void PageBindings::add(const char *property, Kind kind, QObject *widget)
 {
     m_fields.insert(QByteArray(property), Field{kind, widget});
 }
 
-void PageFields::bind(const char *property, QCheckBox *box)
+void PageBindings::bind(const char *property, QCheckBox *box)
 {
     add(property, Kind::Check, box);
     QObject::connect(box, &QCheckBox::toggled, box, [this] { m_edited(); });
 }
 
-void PageFields::bindIndex(const char *property, QComboBox *list)
+void PageBindings::bindIndex(const char *property, QComboBox *list)
 {
     add(property, Kind::Index, list);
     QObject::connect(list, &QComboBox::currentIndexChanged, list, [this] { m_edited(); });
 }
 
-void PageFields::bindText(const char *property, QComboBox *combo)
+void PageBindings::bindText(const char *property, QComboBox *combo)
 {
     add(property, Kind::ComboText, combo);
     QObject::connect(combo, &QComboBox::currentTextChanged, combo, [this] { m_edited(); });
 }
 
-void PageFields::bindText(const char *property, QLineEdit *text)
+void PageBindings::bindText(const char *property, QLineEdit *text)
 {
     add(property, Kind::LineText, text);
     QObject::connect(text, &QLineEdit::textChanged, text, [this] { m_edited(); });
 }
 
-void PageFields::bindValue(const char *property, ControlFrame *control)
+void PageBindings::bindValue(const char *property, ControlFrame *control)
 {
     add(property, Kind::ControlValue, control);
     QObject::connect(control, &ControlFrame::Change, control, [this] { m_edited(); });
 }
 
-void PageFields::fill(const QObject *control, std::initializer_list<const char *> properties)
+void PageBindings::fill(const QObject *control, std::initializer_list<const char *> properties)
 {
     for (const char *property : properties)
         show(property, control->property(property));
 }
 
-QVariant PageFields::value(const char *property) const
+QVariant PageBindings::value(const char *property) const
 {
     const auto it = m_fields.constFind(QByteArray(property));
     Q_ASSERT(it != m_fields.constEnd());
@@ -124,7 +124,7 @@ QVariant PageFields::value(const char *property) const
     return {};
 }
 
-void PageFields::show(const char *property, const QVariant &value)
+void PageBindings::show(const char *property, const QVariant &value)
 {
     const auto it = m_fields.constFind(QByteArray(property));
     Q_ASSERT(it != m_fields.constEnd());
