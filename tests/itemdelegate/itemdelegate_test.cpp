@@ -121,7 +121,14 @@ INSTANTIATE_TEST_SUITE_P(Cells, CellEditing, ::testing::Values(
     EditRow{"plain double stays double", false, Price, 'd', "", 'E', 10.5},
     EditRow{"plain date by double-click", false, Delivery, 'd', "", 'E', QDate(2024, 5, 20)},
     EditRow{"plain time Tab", false, Time, 'f', "", 'T', QTime(9, 30)},
-    EditRow{"plain click elsewhere commits", false, Quantity, 'd', "9", 'C', 9}),
+    EditRow{"plain click elsewhere commits", false, Quantity, 'd', "9", 'C', 9},
+    EditRow{"plain text Escape cancels", false, Item, 'f', "x", 'X', "Bolts"},
+    EditRow{"plain text click elsewhere commits", false, Item, 'f', "x", 'C', "x"},
+    EditRow{"plain date Escape cancels", false, Delivery, 'f', "01072024", 'X', QDate(2024, 5, 20)},
+    EditRow{"plain date Tab commits and moves", false, Delivery, 'f', "01072024", 'T', QDate(2024, 7, 1)},
+    EditRow{"plain time Escape cancels", false, Time, 'f', "1045", 'X', QTime(9, 30)},
+    EditRow{"shipped time click elsewhere commits", true, Time, 'f', "104500", 'C', QTime(10, 45)},
+    EditRow{"plain number Escape cancels", false, Price, 'f', "99", 'X', 10.5}),
     TestSupport::rowName);
 
 // The editor each cell type gets, and a cell opened and committed unedited comes back exactly.

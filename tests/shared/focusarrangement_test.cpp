@@ -1,6 +1,6 @@
-// The four controls beside Qt's own widgets: a form of buddy labels, a dialog with a default
-// button, an item view editing through a delegate and a data mapper. Keys go to the focus
-// widget, as a user's would.
+// The four controls beside Qt's own widgets: a form of buddy labels and a dialog with a default
+// button (item views and data mappers have suites of their own). Keys go to the focus widget, as
+// a user's would.
 #include <tarnwell/date.h>
 #include <tarnwell/datebox.h>
 #include <tarnwell/maskbox.h>
@@ -9,7 +9,6 @@
 
 #include "common/testsupport.h"
 
-#include <QDataWidgetMapper>
 #include <QDialog>
 #include <QFormLayout>
 #include <QInputMethodEvent>
@@ -17,12 +16,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QStandardItemModel>
-#include <QStyledItemDelegate>
-#include <QTableView>
 #include <QVBoxLayout>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 using namespace Tarnwell;
 using TestSupport::rowName;
@@ -105,12 +103,6 @@ protected:
     std::vector<ControlFrame *> controls;
 };
 
-struct FieldRow { const char *name; Kind kind; Qt::Key mnemonic; };
-class FormFields : public FocusForm, public ::testing::WithParamInterface<FieldRow> {};
-
-const auto fields = ::testing::Values(FieldRow{"Phone", Kind::Mask, Qt::Key_P}, FieldRow{"Amount", Kind::Number, Qt::Key_A},
-                                      FieldRow{"Ordered", Kind::Date, Qt::Key_O}, FieldRow{"Booked", Kind::Time, Qt::Key_B});
-
 // The control holds the focus, its text box shows it (caret and selection follow hasFocus()),
 // and the control knows it has been entered.
 void expectFocusedText(const ControlFrame *control)
@@ -120,35 +112,26 @@ void expectFocusedText(const ControlFrame *control)
     EXPECT_TRUE(textOf(control)->hasFocus());
 }
 
-TEST_P(FormFields, SetFocusPutsTheCaretInTheText)
-{
-    ControlFrame *control = controls[size_t(GetParam().kind)];
-    control->setFocus();
-    expectFocusedText(control);
-}
+struct FieldRow { const char *name; Kind kind; Qt::Key mnemonic; };
+enum class Way { SetFocus, Click, Mnemonic };
+struct WayRow { const char *name; Way way; };
+class FormFields : public FocusForm, public ::testing::WithParamInterface<std::tuple<FieldRow, WayRow>> {};
 
-TEST_P(FormFields, ClickingTheTextFocusesTheControl)
+// However the control is entered, its text shows the focus; an input method then asks the
+// control and hears of its text box: the text around the caret, and the caret where it shows.
+TEST_P(FormFields, EnteredAnyWayTheTextHasTheCaretAndAnswersTheInputMethod)
 {
-    ControlFrame *control = controls[size_t(GetParam().kind)];
-    QTest::mouseClick(textOf(control), Qt::LeftButton, {}, QPoint(3, 3));
-    expectFocusedText(control);
-}
-
-TEST_P(FormFields, AltLetterOfTheBuddyLabel)
-{
-    ControlFrame *control = controls[size_t(GetParam().kind)];
+    const auto &[field, way] = GetParam();
+    ControlFrame *control = controls[size_t(field.kind)];
     QSignalSpy keyDowns(control, &ControlFrame::KeyDown);
-    key(GetParam().mnemonic, Qt::AltModifier);
+    switch (way.way) {
+    case Way::SetFocus: control->setFocus(); break;
+    case Way::Click: QTest::mouseClick(textOf(control), Qt::LeftButton, {}, QPoint(3, 3)); break;
+    case Way::Mnemonic: key(field.mnemonic, Qt::AltModifier); break;
+    }
     expectFocusedText(control);
-    EXPECT_EQ(keyDowns.count(), 0) << "the mnemonic was a shortcut, not a key of the control";
-}
+    EXPECT_EQ(keyDowns.count(), 0) << "a mnemonic is a shortcut, not a key of the control";
 
-// An input method asks the control, which holds the focus, and hears of its text box: the text
-// around the caret, and the caret where the text box shows it.
-TEST_P(FormFields, InputMethodQueriesAnswerForTheText)
-{
-    ControlFrame *control = controls[size_t(GetParam().kind)];
-    control->setFocus();
     key(Qt::Key_1);
     const QLineEdit *text = textOf(control);
     EXPECT_TRUE(control->testAttribute(Qt::WA_InputMethodEnabled));
@@ -159,7 +142,12 @@ TEST_P(FormFields, InputMethodQueriesAnswerForTheText)
     EXPECT_TRUE(textArea.contains(caret.center())) << caret.x() << ',' << caret.y();
 }
 
-INSTANTIATE_TEST_SUITE_P(Form, FormFields, fields, rowName);
+INSTANTIATE_TEST_SUITE_P(Form, FormFields, ::testing::Combine(
+    ::testing::Values(FieldRow{"Phone", Kind::Mask, Qt::Key_P}, FieldRow{"Amount", Kind::Number, Qt::Key_A},
+                      FieldRow{"Ordered", Kind::Date, Qt::Key_O}, FieldRow{"Booked", Kind::Time, Qt::Key_B}),
+    ::testing::Values(WayRow{"BySetFocus", Way::SetFocus}, WayRow{"ByClick", Way::Click},
+                      WayRow{"ByAltLetter", Way::Mnemonic})),
+    [](const auto &info) { return std::string(std::get<0>(info.param).name) + std::get<1>(info.param).name; });
 
 TEST_F(FocusForm, TabAndShiftTabPassEachControlOnce)
 {
@@ -226,11 +214,12 @@ TEST_F(FocusForm, TickingByKeyboardFocusesTheText)
 // --- A dialog with a default button -------------------------------------------------------
 
 struct DialogRow {
-    const char *name;
+    std::string name;
     Kind kind;
     Qt::Key key;
     bool enterAsTab;
     const char *mask; // MaskBox only
+    bool hostCancelsEnter; // in keyPress, which keeps it from the dialog as from the box
     int clicked, rejected;
     bool focusMovedOn;
 };
@@ -249,6 +238,8 @@ TEST_P(DialogKeys, EnterAndEscapeReachTheDialog)
     ok->setDefault(true);
     if (row.mask)
         static_cast<MaskBox *>(control)->setMask(QString::fromLatin1(row.mask));
+    if (row.hostCancelsEnter)
+        QObject::connect(control, &ControlFrame::keyPress, [](short &k) { k = k == 13 ? 0 : k; });
     control->setEnterAsTab(row.enterAsTab);
     QSignalSpy clicked(ok, &QPushButton::clicked);
     QSignalSpy rejected(&dialog, &QDialog::rejected);
@@ -264,131 +255,22 @@ TEST_P(DialogKeys, EnterAndEscapeReachTheDialog)
     EXPECT_EQ(QApplication::focusWidget() == next, row.focusMovedOn);
 }
 
-INSTANTIATE_TEST_SUITE_P(Dialog, DialogKeys, ::testing::Values(
-    DialogRow{"MaskBoxEnterPressesTheDefault", Kind::Mask, Qt::Key_Return, false, nullptr, 1, 0, false},
-    DialogRow{"MaskedEnterPressesTheDefault", Kind::Mask, Qt::Key_Enter, false, "##/##", 1, 0, false},
-    DialogRow{"MaskBoxEscapeRejects", Kind::Mask, Qt::Key_Escape, false, nullptr, 0, 1, false},
-    DialogRow{"MaskedEscapeRejects", Kind::Mask, Qt::Key_Escape, false, "##/##", 0, 1, false},
-    DialogRow{"MaskBoxEnterAsTabTabs", Kind::Mask, Qt::Key_Return, true, nullptr, 0, 0, true},
-    DialogRow{"NumberBoxEnterPressesTheDefault", Kind::Number, Qt::Key_Return, false, nullptr, 1, 0, false},
-    DialogRow{"NumberBoxEscapeRejects", Kind::Number, Qt::Key_Escape, false, nullptr, 0, 1, false},
-    DialogRow{"NumberBoxEnterAsTabTabs", Kind::Number, Qt::Key_Return, true, nullptr, 0, 0, true},
-    DialogRow{"DateBoxEnterPressesTheDefault", Kind::Date, Qt::Key_Return, false, nullptr, 1, 0, false},
-    DialogRow{"DateBoxEscapeRejects", Kind::Date, Qt::Key_Escape, false, nullptr, 0, 1, false},
-    DialogRow{"DateBoxEnterAsTabTabs", Kind::Date, Qt::Key_Return, true, nullptr, 0, 0, true},
-    DialogRow{"TimeBoxEnterPressesTheDefault", Kind::Time, Qt::Key_Return, false, nullptr, 1, 0, false},
-    DialogRow{"TimeBoxEscapeRejects", Kind::Time, Qt::Key_Escape, false, nullptr, 0, 1, false},
-    DialogRow{"TimeBoxEnterAsTabTabs", Kind::Time, Qt::Key_Return, true, nullptr, 0, 0, true}), rowName);
-
-// A host that cancels Enter in keyPress keeps it from the dialog, as it keeps it from the box.
-TEST(DialogKeysCancelled, HostCancelledEnterStaysInTheControl)
+std::vector<DialogRow> dialogRows()
 {
-    QDialog dialog;
-    auto *box = new MaskBox(&dialog);
-    auto *ok = new QPushButton(QStringLiteral("OK"), &dialog);
-    ok->move(0, 40);
-    ok->setDefault(true);
-    QObject::connect(box, &MaskBox::keyPress, [](short &k) { k = k == 13 ? 0 : k; });
-    QSignalSpy clicked(ok, &QPushButton::clicked);
-    dialog.show();
-    QApplication::setActiveWindow(&dialog);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-    box->setFocus();
-    key(Qt::Key_Return);
-    EXPECT_EQ(clicked.count(), 0);
-}
-
-// --- An item view editing through a delegate ----------------------------------------------
-
-// Edits with one of the controls; the cells' data is left alone (only the signals count).
-class ControlDelegate : public QStyledItemDelegate
-{
-public:
-    explicit ControlDelegate(Kind kind) : m_kind(kind) {}
-    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &) const override
-    {
-        return make(m_kind, parent);
+    std::vector<DialogRow> rows{
+        {"MaskedEnterPressesTheDefault", Kind::Mask, Qt::Key_Enter, false, "##/##", false, 1, 0, false},
+        {"MaskedEscapeRejects", Kind::Mask, Qt::Key_Escape, false, "##/##", false, 0, 1, false},
+        {"HostCancelledEnterStaysInTheControl", Kind::Mask, Qt::Key_Return, false, nullptr, true, 0, 0, false}};
+    for (const Kind kind : {Kind::Mask, Kind::Number, Kind::Date, Kind::Time}) {
+        const std::string name = kindName(kind);
+        rows.push_back({name + "EnterPressesTheDefault", kind, Qt::Key_Return, false, nullptr, false, 1, 0, false});
+        rows.push_back({name + "EscapeRejects", kind, Qt::Key_Escape, false, nullptr, false, 0, 1, false});
+        rows.push_back({name + "EnterAsTabTabs", kind, Qt::Key_Return, true, nullptr, false, 0, 0, true});
     }
-    void setEditorData(QWidget *, const QModelIndex &) const override {}
-    void setModelData(QWidget *, QAbstractItemModel *, const QModelIndex &) const override {}
-
-private:
-    Kind m_kind;
-};
-
-enum class Act { Enter, Tab, Escape, ClickAnotherCell };
-struct ViewRow { const char *name; Kind kind; Act act; int commits; QAbstractItemDelegate::EndEditHint hint; };
-class ViewEditing : public WidgetFixture, public ::testing::WithParamInterface<ViewRow> {};
-
-TEST_P(ViewEditing, KeysAndClicksCommitAndClose)
-{
-    const ViewRow &row = GetParam();
-    QStandardItemModel model(3, 3);
-    ControlDelegate delegate(row.kind);
-    auto *view = new QTableView(window.get());
-    view->resize(300, 200);
-    view->setModel(&model);
-    view->setItemDelegate(&delegate);
-    QSignalSpy commits(&delegate, &QAbstractItemDelegate::commitData);
-    QSignalSpy closes(&delegate, &QAbstractItemDelegate::closeEditor);
-    showAndFocus(view);
-    view->setCurrentIndex(model.index(0, 0));
-    view->edit(model.index(0, 0));
-    QApplication::processEvents();
-    auto *editor = qobject_cast<ControlFrame *>(QApplication::focusWidget());
-    ASSERT_NE(editor, nullptr) << "the editor takes the focus itself";
-    ASSERT_TRUE(editor->controlHasFocus());
-
-    switch (row.act) {
-    case Act::Enter: key(Qt::Key_Return); break;
-    case Act::Tab: key(Qt::Key_Tab); break;
-    case Act::Escape: key(Qt::Key_Escape); break;
-    case Act::ClickAnotherCell:
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(model.index(2, 1)).center());
-        QApplication::processEvents();
-        break;
-    }
-    EXPECT_EQ(commits.count(), row.commits);
-    ASSERT_EQ(closes.count(), 1);
-    EXPECT_EQ(closes.front().at(1).value<QAbstractItemDelegate::EndEditHint>(), row.hint);
+    return rows;
 }
 
-using H = QAbstractItemDelegate;
-INSTANTIATE_TEST_SUITE_P(View, ViewEditing, ::testing::Values(
-    ViewRow{"MaskBoxEnterCommits", Kind::Mask, Act::Enter, 1, H::SubmitModelCache},
-    ViewRow{"MaskBoxTabCommitsAndMovesOn", Kind::Mask, Act::Tab, 1, H::EditNextItem},
-    ViewRow{"MaskBoxEscapeReverts", Kind::Mask, Act::Escape, 0, H::RevertModelCache},
-    ViewRow{"MaskBoxClickAwayCommits", Kind::Mask, Act::ClickAnotherCell, 1, H::NoHint},
-    ViewRow{"NumberBoxEnterCommits", Kind::Number, Act::Enter, 1, H::SubmitModelCache},
-    ViewRow{"NumberBoxTabCommitsAndMovesOn", Kind::Number, Act::Tab, 1, H::EditNextItem},
-    ViewRow{"NumberBoxEscapeReverts", Kind::Number, Act::Escape, 0, H::RevertModelCache},
-    ViewRow{"NumberBoxClickAwayCommits", Kind::Number, Act::ClickAnotherCell, 1, H::NoHint},
-    ViewRow{"DateBoxEnterCommits", Kind::Date, Act::Enter, 1, H::SubmitModelCache},
-    ViewRow{"DateBoxTabCommitsAndMovesOn", Kind::Date, Act::Tab, 1, H::EditNextItem},
-    ViewRow{"DateBoxEscapeReverts", Kind::Date, Act::Escape, 0, H::RevertModelCache},
-    ViewRow{"DateBoxClickAwayCommits", Kind::Date, Act::ClickAnotherCell, 1, H::NoHint},
-    ViewRow{"TimeBoxEnterCommits", Kind::Time, Act::Enter, 1, H::SubmitModelCache},
-    ViewRow{"TimeBoxTabCommitsAndMovesOn", Kind::Time, Act::Tab, 1, H::EditNextItem},
-    ViewRow{"TimeBoxEscapeReverts", Kind::Time, Act::Escape, 0, H::RevertModelCache},
-    ViewRow{"TimeBoxClickAwayCommits", Kind::Time, Act::ClickAnotherCell, 1, H::NoHint}), rowName);
-
-// A data mapper submitting on its own hears of the edit when Tab leaves the control.
-TEST_F(FocusForm, DataMapperSubmitsOnTab)
-{
-    QStandardItemModel model(1, 1);
-    QDataWidgetMapper mapper;
-    mapper.setModel(&model);
-    mapper.setSubmitPolicy(QDataWidgetMapper::AutoSubmit);
-    mapper.addMapping(controls.front(), 0);
-    mapper.toFirst();
-    QSignalSpy commits(mapper.itemDelegate(), &QAbstractItemDelegate::commitData);
-    controls.front()->setFocus();
-    key(Qt::Key_5);
-    key(Qt::Key_Tab);
-    // Tab commits, and so does the leaving that follows, as with a line edit.
-    EXPECT_GE(commits.count(), 1);
-    EXPECT_EQ(focusName(), "NumberBox");
-}
+INSTANTIATE_TEST_SUITE_P(Dialog, DialogKeys, ::testing::ValuesIn(dialogRows()), rowName);
 
 // --- Composed text holding control characters ----------------------------------------------
 
