@@ -366,33 +366,23 @@ struct ActionRow {
     Which which;
     const char *child; // "": the control's own action
     QString action;
-    std::function<QString(Form *)> outcome;
+    std::function<QString(ControlFrame *)> outcome;
     const char *expected;
 };
-class Actions : public FormTable<ActionRow>
-{
-public:
-    using Form::orderDate, Form::price, Form::shift, Form::phone;
-};
+using Actions = FormTable<ActionRow>;
 
 QString valueOf(ControlFrame *c) { return Variant::toString(c->property("Value")); }
+QString checkedOf(ControlFrame *c) { return QString::number(c->Checked()); }
+QString calendarShownOf(ControlFrame *c) { return QString::number(c->findChild<DatePicker *>("fdt")->isPopupVisible()); }
 
 INSTANTIATE_TEST_SUITE_P(Parts, Actions, ::testing::Values(
-    ActionRow{"MoreStepsUp", Price, "More", QAccessibleActionInterface::pressAction(),
-              [](Form *f) { return valueOf(static_cast<Actions *>(f)->price); }, "15"},
-    ActionRow{"LessStepsDown", Price, "Less", QAccessibleActionInterface::pressAction(),
-              [](Form *f) { return valueOf(static_cast<Actions *>(f)->price); }, "10"},
-    ActionRow{"IncreaseOnSpinBox", Price, "", QAccessibleActionInterface::increaseAction(),
-              [](Form *f) { return valueOf(static_cast<Actions *>(f)->price); }, "15"},
-    ActionRow{"DecreaseOnTime", Shift, "", QAccessibleActionInterface::decreaseAction(),
-              [](Form *f) { return valueOf(static_cast<Actions *>(f)->shift); }, "8:30:00 AM"},
-    ActionRow{"CheckBoxToggles", Phone, "Phone:", QAccessibleActionInterface::toggleAction(),
-              [](Form *f) { return QString::number(static_cast<Actions *>(f)->phone->Checked()); }, "0"},
+    ActionRow{"MoreStepsUp", Price, "More", QAccessibleActionInterface::pressAction(), valueOf, "15"},
+    ActionRow{"LessStepsDown", Price, "Less", QAccessibleActionInterface::pressAction(), valueOf, "10"},
+    ActionRow{"IncreaseOnSpinBox", Price, "", QAccessibleActionInterface::increaseAction(), valueOf, "15"},
+    ActionRow{"DecreaseOnTime", Shift, "", QAccessibleActionInterface::decreaseAction(), valueOf, "8:30:00 AM"},
+    ActionRow{"CheckBoxToggles", Phone, "Phone:", QAccessibleActionInterface::toggleAction(), checkedOf, "0"},
     ActionRow{"CalendarOpens", OrderDate, "Open calendar", QAccessibleActionInterface::pressAction(),
-              [](Form *f) {
-                  auto *picker = static_cast<Actions *>(f)->orderDate->findChild<DatePicker *>("fdt");
-                  return QString::number(picker->isPopupVisible());
-              }, "1"}), rowName);
+              calendarShownOf, "1"}), rowName);
 
 TEST_P(Actions, DoWhatAClickDoes)
 {
@@ -406,7 +396,7 @@ TEST_P(Actions, DoWhatAClickDoes)
     ASSERT_TRUE(actions->actionNames().contains(row.action)) << actions->actionNames().join(u',').toStdString();
     actions->doAction(row.action);
     QApplication::processEvents();
-    EXPECT_EQ(row.outcome(this), QString::fromLatin1(row.expected));
+    EXPECT_EQ(row.outcome(control(row.which)), QString::fromLatin1(row.expected));
 }
 
 TEST_F(Form, NoStepActionsWhileLockedOrWithoutUpDown)
