@@ -4,6 +4,7 @@
 // for the widget suites, a fixture that puts widgets on a shown, active window.
 #include <tarnwell/error.h>
 #include <tarnwell/olecolor.h>
+#include <tarnwell/variant.h>
 
 #include <gtest/gtest.h>
 
@@ -120,6 +121,15 @@ inline std::string propertiesOf(const QObject &object)
             lines += std::string(property.name()) + '=' + ::testing::PrintToString(property.read(&object)) + '\n';
     }
     return lines;
+}
+
+// A value with its storage type as one text: "short:255", "Currency:0.3", "Empty".
+inline QString describe(const QVariant &v)
+{
+    if (!v.isValid())
+        return QStringLiteral("Empty");
+    return QString::fromLatin1(v.metaType().name()).remove(QStringLiteral("Tarnwell::")) + u':' +
+           Tarnwell::Variant::toString(v, QLocale::c());
 }
 
 } // namespace TestSupport

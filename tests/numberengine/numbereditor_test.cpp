@@ -266,11 +266,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, DescribedEdits, testing::Values(
 // A value with its storage type, the scale of a Decimal and the sign of a zero double.
 QString describe(const QVariant &v)
 {
-    if (!v.isValid())
-        return QStringLiteral("Empty");
-    QString type = QString::fromLatin1(v.metaType().name());
-    type.remove(QStringLiteral("Tarnwell::"));
-    QString text = type + u':' + Variant::toString(v, QLocale::c());
+    QString text = TestSupport::describe(v);
     if (v.metaType() == QMetaType::fromType<Decimal>())
         text += u'@' + QString::number(v.value<Decimal>().scale());
     if (v.metaType() == QMetaType::fromType<double>() && v.toDouble() == 0 && std::signbit(v.toDouble()))

@@ -12,17 +12,8 @@
 namespace Tarnwell {
 namespace {
 
+using TestSupport::describe;
 using TestSupport::rowName;
-
-// A value and its storage type as one readable text: "short:255", "Currency:0.3", "Empty".
-QString describe(const QVariant &v)
-{
-    if (!v.isValid())
-        return QStringLiteral("Empty");
-    QString type = QString::fromLatin1(v.metaType().name());
-    type.remove(QStringLiteral("Tarnwell::"));
-    return type + u':' + Variant::toString(v, QLocale::c());
-}
 
 QString describe(const std::optional<QVariant> &v)
 {

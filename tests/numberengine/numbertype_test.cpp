@@ -8,17 +8,8 @@
 namespace Tarnwell {
 namespace {
 
+using TestSupport::describe;
 using TestSupport::rowName;
-
-// A value and its storage type as one readable text: "Short:255", "Currency:0.3", "Empty".
-QString describe(const QVariant &v)
-{
-    if (!v.isValid())
-    return QStringLiteral("Empty");
-    QString type = QString::fromLatin1(v.metaType().name());
-    type.remove(QStringLiteral("Tarnwell::"));
-    return type + u':' + Variant::toString(v, QLocale::c());
-}
 
 QVariant cur(const char *text) { return QVariant::fromValue(Currency::parse(QString::fromLatin1(text), QLocale::c())); }
 QVariant dec(const char *text) { return QVariant::fromValue(Decimal::parse(QString::fromLatin1(text), QLocale::c())); }
