@@ -12,6 +12,7 @@
 #include "shared/datepicker.h"
 #include "shared/focustracker.h"
 #include "shared/modelvalues.h"
+#include "shared/polishrequests.h"
 #include "shared/slotguard.h"
 #include "shared/uservalue.h"
 
@@ -34,6 +35,7 @@ DateBox::DateBox(QWidget *parent)
     connect(m_picker, &DatePicker::Change, this, guardedSlot([this] { pickerChange(); }));
     InitProperties();
     clearDirty();
+    dropPolishRequests(this);
     m_userValue = std::make_unique<UserValue>(
         *this, [this] { return QVariant(date()); },
         [this](const QVariant &now) { emit dateChanged(now.toDate()); });

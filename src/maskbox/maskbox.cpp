@@ -8,6 +8,7 @@
 #include "shared/bagkeys.h"
 #include "shared/bagvalues.h"
 #include "shared/commonproperties.h"
+#include "shared/polishrequests.h"
 #include "shared/uservalue.h"
 
 #include <QLineEdit>
@@ -40,6 +41,7 @@ MaskBox::MaskBox(QWidget *parent)
     Variant::registerTypes();
     setFocusPolicy(Qt::StrongFocus); // as a line edit's: a wheel turned over it leaves the focus
     InitProperties();
+    dropPolishRequests(this);
     m_userValue = std::make_unique<UserValue>(
         *this, [this] { return QVariant(text()); },
         [this](const QVariant &now) { emit textChanged(now.toString()); });

@@ -11,6 +11,7 @@
 #include "shared/commonproperties.h"
 #include "shared/contextmenuhook.h"
 #include "shared/modelvalues.h"
+#include "shared/polishrequests.h"
 #include "shared/usersettings.h"
 #include "shared/uservalue.h"
 
@@ -32,6 +33,7 @@ NumberBox::NumberBox(QWidget *parent)
     ContextMenuHook::installWindowHook(Text1());
     InitProperties();
     clearDirty();
+    dropPolishRequests(this);
     m_userValue = std::make_unique<UserValue>(
         *this, [this] { return value(); }, [this](const QVariant &now) { emit valueChanged(now); });
 }

@@ -5,10 +5,6 @@
 
 namespace Tarnwell {
 
-namespace {
-const char hookedProperty[] = "_tarnwell_contextMenuHooked";
-} // namespace
-
 ContextMenuHook *ContextMenuHook::instance()
 {
     // Lives as long as the process; hooked widgets drop their filter themselves when destroyed.
@@ -22,9 +18,10 @@ void ContextMenuHook::installWindowHook(QWidget *control)
         return;
     ContextMenuHook *hook = instance();
     // A second install on the same widget must not stack a second filter.
-    control->removeEventFilter(hook);
-    control->installEventFilter(hook);
-    control->setProperty(hookedProperty, true);
+    if (!hook->m_hooked.contains(control)) {
+        hook->m_hooked.insert(control);
+        control->installEventFilter(hook);
+    }
     hook->m_last = control;
 }
 
@@ -33,15 +30,15 @@ void ContextMenuHook::removeWindowHook(QWidget *control)
     if (!control)
         return;
     ContextMenuHook *hook = instance();
-    control->removeEventFilter(hook);
-    control->setProperty(hookedProperty, QVariant());
+    if (hook->m_hooked.remove(control))
+        control->removeEventFilter(hook);
     if (hook->m_last == control)
         hook->m_last = nullptr;
 }
 
 bool ContextMenuHook::isHooked(const QWidget *control)
 {
-    return control && control->property(hookedProperty).toBool();
+    return control && instance()->m_hooked.contains(control);
 }
 
 QWidget *ContextMenuHook::hookedWidget()

@@ -1,6 +1,7 @@
 #pragma once
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 
 class QWidget;
 
@@ -29,6 +30,9 @@ private:
     static ContextMenuHook *instance();
 
     QPointer<QWidget> m_last;
+    // The widgets hooked now: a set rather than a mark on each widget, which would cost every
+    // new NumberBox a dynamic property.
+    QSet<const QWidget *> m_hooked;
 };
 
 } // namespace Tarnwell

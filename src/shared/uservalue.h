@@ -28,6 +28,7 @@ public:
 
     // `read` gives the property's value as the property's type; `notify` emits its signal.
     UserValue(ControlFrame &frame, Reader read, Notifier notify);
+    ~UserValue() override;
 
     // Runs `set`, which writes `value` through the control's documented setters and throws the
     // control's Error for a value it refuses; the refusal is reported and goes no further.
@@ -53,6 +54,8 @@ private:
     // CheckBox, DataType...). Checked once control returns to the event loop, so that a setter
     // that reports its property before it has finished is not seen half-way.
     void checkLater();
+    // Runs the checks asked for since the last run, in the order they were asked.
+    static void runPendingChecks();
 
     ControlFrame &m_frame;
     Reader m_read;

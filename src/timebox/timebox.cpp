@@ -9,6 +9,7 @@
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
 #include "shared/modelvalues.h"
+#include "shared/polishrequests.h"
 #include "shared/uservalue.h"
 #include "timefields/timefields.h"
 
@@ -34,6 +35,7 @@ TimeBox::TimeBox(QWidget *parent)
     setCommonDefaults(timeBoxDefaults);
     InitProperties();
     clearDirty();
+    dropPolishRequests(this);
     m_userValue = std::make_unique<UserValue>(
         *this, [this] { return QVariant(time()); },
         [this](const QVariant &now) { emit timeChanged(now.toTime()); });
