@@ -8,6 +8,7 @@
 namespace Tarnwell {
 
 class ControlFrame;
+class ControlFramePrivate;
 class MaskBox;
 
 // The editor of DateBox and TimeBox: an inner MaskBox (mdtDate, mdtTime) that carries the text,
@@ -25,8 +26,10 @@ public:
     ~InnerMaskEditor() override;
 
     MaskBox *box() const { return m_box; }
+    // What a control's constructor hands its frame to make its editor.
+    using Factory = std::function<std::unique_ptr<FrameEditor>(ControlFrame &frame)>;
     // The editor a control on an inner MaskBox named `name` hands its frame.
-    static ControlFrame::EditorFactory factory(const QString &name);
+    static Factory factory(const QString &name);
     // The inner box of a control made with factory().
     static MaskBox &boxOf(const FrameEditor &editor)
     {
@@ -61,6 +64,7 @@ private:
     void relayEvents();
 
     ControlFrame &m_frame;
+    ControlFramePrivate &m_d; // the outer control's hooks
     MaskBox *m_box = nullptr;
     bool m_checked = true; // the inner check box as the outer control last saw it
 };
