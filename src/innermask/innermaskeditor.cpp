@@ -15,6 +15,9 @@ InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
     : m_frame(frame), m_d(*ControlFramePrivate::get(&frame)), m_box(new MaskBox(&frame))
 {
     m_box->setObjectName(name);
+    // The outer control reports its Value once per edit; a second, unheard report from the box
+    // would only mark the box dirty.
+    ControlFramePrivate::get(m_box)->ownerReportsValue = true;
     // The outer frame draws the border and decides whether entering selects.
     m_box->setBorderStyle(twNone);
     m_box->setSelectTextOnFocus(false);

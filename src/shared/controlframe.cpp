@@ -173,6 +173,8 @@ void ControlFrame::clearDirty()
 void ControlFrame::markDirty(const QString &name)
 {
     Q_D(ControlFrame);
+    if (d->ownerReportsValue && name == BagKey::Value)
+        return;
     if (!d->dirty.contains(name))
         d->dirty.append(name);
     emit PropertyChanged(name);

@@ -99,6 +99,9 @@ public:
 
     bool hasFocus = false;
     bool updating = false;
+    // This frame is the inner text box of another control, which reports "Value" itself once
+    // per edit: the frame raises Change for its owner but reports no "Value" of its own.
+    bool ownerReportsValue = false;
 };
 
 } // namespace Tarnwell
