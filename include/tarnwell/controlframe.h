@@ -432,12 +432,12 @@ protected:
     virtual bool keepsShortcutKey(short keyCode, short shift, short keyAscii) const;
 
     // --- The text changed: by a key, by the control's own write, or (line editor) by text that
-    // arrived without keys and was taken. Default: mark "Value" dirty and raise Change unless
-    // isUpdating().
-    virtual void onTextChanged();
+    // arrived without keys and was taken; `text` is the text as now shown. Default: mark "Value"
+    // dirty and raise Change unless isUpdating().
+    virtual void onTextChanged(const QString &text);
     // Text arrived in the text box without keys (a paste from the context menu, a drop, an
     // undo, a program's call on the text box) while the control is not Locked (a Locked
-    // control takes none of it: `previous` comes back). Default: keep it, as onTextChanged()
+    // control takes none of it: `previous` comes back). Default: keep it, as onTextChanged(text)
     // reports. A control may write its own text instead (writeText()).
     virtual void onForeignText(const QString &text, const QString &previous);
 

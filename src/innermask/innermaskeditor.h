@@ -12,13 +12,14 @@ class ControlFramePrivate;
 class MaskBox;
 
 // The editor of DateBox and TimeBox: an inner MaskBox (mdtDate, mdtTime) that carries the text,
-// driven through MaskBox's public interface (and the frame's private part for the common defaults
-// and for leaving the Value reports to the outer control). It forwards the common properties to the inner
-// box, keeps the box in the outer control's design or run mode, relays its events to the outer
-// control once and by reference (then runs the outer control's key hooks), and reports the inner
-// box's Change to the outer control's onTextChanged() (after updateValueControls() and
-// afterCheckClick() when the Change came from its check box). The inner box never selects on
-// entry of its own: selecting on entry is the outer control's SelectTextOnFocus.
+// driven through MaskBox's public interface (and through the frame's private part for the common
+// defaults and for leaving the Value reports to the outer control). It forwards the common
+// properties to the inner box, keeps the box in the outer control's design or run mode, relays
+// its events to the outer control once and by reference (then runs the outer control's key
+// hooks), and reports the inner box's Change to the outer control's onTextChanged() with the
+// box's text (after updateValueControls() and afterCheckClick() when the Change came from its
+// check box). The inner box never selects on entry of its own: selecting on entry is the outer
+// control's SelectTextOnFocus.
 class InnerMaskEditor final : public QObject, public FrameEditor
 {
     Q_OBJECT

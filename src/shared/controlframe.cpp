@@ -402,7 +402,8 @@ bool ControlFrame::Checked() const
 void ControlFrame::setChecked(bool on)
 {
     Q_D(ControlFrame);
-    d->setCommon(CommonKey::Checked, on, ControlFramePrivate::Report::First); // the click logic may raise Change
+    // Reported first: the click logic may raise Change.
+    d->setCommon(CommonKey::Checked, on, ControlFramePrivate::Report::First);
 }
 
 QPixmap ControlFrame::MouseIcon() const

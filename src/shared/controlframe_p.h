@@ -54,7 +54,7 @@ public:
     {
         return q_func()->keepsShortcutKey(keyCode, shift, keyAscii);
     }
-    void onTextChanged() { q_func()->onTextChanged(); }
+    void onTextChanged(const QString &text) { q_func()->onTextChanged(text); }
     void onForeignText(const QString &text, const QString &previous)
     {
         q_func()->onForeignText(text, previous);

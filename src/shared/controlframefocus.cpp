@@ -12,7 +12,7 @@
 
 namespace Tarnwell {
 
-void ControlFrame::onTextChanged()
+void ControlFrame::onTextChanged(const QString &)
 {
     Q_D(ControlFrame);
     markDirty(BagKey::Value);
@@ -20,9 +20,9 @@ void ControlFrame::onTextChanged()
         emit Change();
 }
 
-void ControlFrame::onForeignText(const QString &, const QString &)
+void ControlFrame::onForeignText(const QString &text, const QString &)
 {
-    onTextChanged();
+    onTextChanged(text);
 }
 
 bool ControlFrame::filterDrop(QEvent *)

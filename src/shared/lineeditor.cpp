@@ -144,7 +144,7 @@ void LineEditor::textChanged(const QString &text)
     }
     if (m_writing > 0 || m_text1->handlingKey()) {
         m_accepted = text;
-        m_d.onTextChanged();
+        m_d.onTextChanged(text);
         return;
     }
     // Text that came without keys.
