@@ -20,8 +20,7 @@ class ControlFramePrivate
 public:
     Q_DECLARE_PUBLIC(ControlFrame)
 
-    // The frame's protected types, named for the helpers that need them.
-    using EditorFactory = ControlFrame::EditorFactory;
+    // The frame's guard for its own writes, named for the common-property table.
     using UpdatingGuard = ControlFrame::UpdatingGuard;
 
     explicit ControlFramePrivate(ControlFrame *frame);
