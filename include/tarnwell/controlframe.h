@@ -19,12 +19,10 @@ class QLineEdit;
 
 namespace Tarnwell {
 
+class ControlFramePrivate;
 class DataObject;
 struct CommonDefaults;
-enum class CommonKey;
 class FrameEditor;
-class InnerMaskEditor;
-class LineEditor;
 class PropertyBag;
 
 /// @brief The outer frame every Tarnwell control is built on, and the properties and events
@@ -145,15 +143,15 @@ public:
     /** @name Appearance and state */
     ///@{
     /// Reads #BackColor.
-    OleColor BackColor() const { return m_backColor; }
+    OleColor BackColor() const;
     /// Sets #BackColor.
     void setBackColor(OleColor color);
     /// Reads #ForeColor.
-    OleColor ForeColor() const { return m_foreColor; }
+    OleColor ForeColor() const;
     /// Sets #ForeColor.
     void setForeColor(OleColor color);
     /// Reads #DisabledColor.
-    OleColor DisabledColor() const { return m_disabledColor; }
+    OleColor DisabledColor() const;
     /// Sets #DisabledColor.
     void setDisabledColor(OleColor color);
     /// Reads #Enabled: the frame's own setting; a disabled parent form does not change it.
@@ -165,7 +163,7 @@ public:
     /// Sets #Font; the inner widgets take it too.
     void setFont(const QFont &font);
     /// Reads #BorderStyle.
-    twBorderStyleConstants BorderStyle() const { return m_borderStyle; }
+    twBorderStyleConstants BorderStyle() const;
     /// Sets #BorderStyle; Error(380) outside the constants.
     void setBorderStyle(twBorderStyleConstants style);
     /// Reads #Alignment.
@@ -181,15 +179,15 @@ public:
     /// Sets #Locked.
     void setLocked(bool locked);
     /// Reads #SelectTextOnFocus.
-    bool SelectTextOnFocus() const { return m_selectTextOnFocus; }
+    bool SelectTextOnFocus() const;
     /// Sets #SelectTextOnFocus.
     void setSelectTextOnFocus(bool on);
     /// Reads #NullIfEmpty.
-    bool NullIfEmpty() const { return m_nullIfEmpty; }
+    bool NullIfEmpty() const;
     /// Sets #NullIfEmpty.
     void setNullIfEmpty(bool on);
     /// Reads #EnterAsTab.
-    bool EnterAsTab() const { return m_enterAsTab; }
+    bool EnterAsTab() const;
     /// Sets #EnterAsTab.
     void setEnterAsTab(bool on);
     /// Reads #ToolTip.
@@ -201,7 +199,7 @@ public:
     /** @name Check box */
     ///@{
     /// Reads #CheckBox.
-    bool CheckBox() const { return m_checkBox; }
+    bool CheckBox() const;
     /// Sets #CheckBox.
     void setCheckBox(bool on);
     /// Reads #Checked.
@@ -213,19 +211,19 @@ public:
     /** @name Mouse pointer, drag and drop */
     ///@{
     /// Reads #MouseIcon.
-    QPixmap MouseIcon() const { return m_mouseIcon; }
+    QPixmap MouseIcon() const;
     /// Sets #MouseIcon.
     void setMouseIcon(const QPixmap &icon);
     /// Reads #MousePointer.
-    int MousePointer() const { return m_mousePointer; }
+    int MousePointer() const;
     /// Sets #MousePointer; Error(380) for a number that is no pointer.
     void setMousePointer(int pointer);
     /// Reads #OLEDragMode.
-    int OLEDragMode() const { return m_oleDragMode; }
+    int OLEDragMode() const;
     /// Sets #OLEDragMode; Error(380) outside 0..1.
     void setOLEDragMode(int mode);
     /// Reads #OLEDropMode.
-    int OLEDropMode() const { return m_oleDropMode; }
+    int OLEDropMode() const;
     /// Sets #OLEDropMode; Error(380) outside 0..2.
     void setOLEDropMode(int mode);
     ///@}
@@ -252,7 +250,7 @@ public:
 
     /** @name The host site */
     ///@{
-    bool UserMode() const { return m_userMode; } ///< true at run time (the default)
+    bool UserMode() const; ///< true at run time (the default)
     /// Puts the control into run mode (true) or design mode (false), as a form designer does.
     void setUserMode(bool runTime);
     /// The host's can-property-change query: returns whether the property `name` may change.
@@ -262,11 +260,11 @@ public:
     void setCanPropertyChangeHook(CanPropertyChangeHook hook);
     /// Asks the installed query whether `name` may change (true without one).
     bool canPropertyChange(const QString &name) const;
-    QStringList dirtyProperties() const { return m_dirty; } ///< in the order first marked
+    QStringList dirtyProperties() const; ///< in the order first marked
     /// Whether `name` was reported changed since the last clearDirty().
-    bool isDirty(const QString &name) const { return m_dirty.contains(name); }
+    bool isDirty(const QString &name) const;
     /// Forgets the properties reported changed (a host calls it after saving).
-    void clearDirty() { m_dirty.clear(); }
+    void clearDirty();
     ///@}
 
     /// The control holds the keyboard focus itself, as QAbstractSpinBox does for its line edit:
@@ -279,11 +277,11 @@ public:
     /** @name Per-instance flags */
     ///@{
     /// The focus is somewhere in the control (on it, or on one of its inner widgets).
-    bool controlHasFocus() const { return m_hasFocus; }
+    bool controlHasFocus() const;
     /// The focus is on the check box Check1.
     bool checkHasFocus() const;
     /// The control is writing its own inner widgets (their change notifications are ignored).
-    bool isUpdating() const { return m_updating; }
+    bool isUpdating() const;
     ///@}
 
     /// What a QLineEdit of the same style and font asks for (a spin box's height when the
@@ -370,14 +368,11 @@ protected:
     explicit ControlFrame(QWidget *parent, const EditorFactory &makeEditor = nullptr);
 
     // Raises isUpdating() for its lifetime (nests: the previous state comes back).
-    class UpdatingGuard
+    class TARNWELL_EXPORT UpdatingGuard
     {
     public:
-        explicit UpdatingGuard(ControlFrame &frame) : m_frame(frame), m_old(frame.m_updating)
-        {
-            m_frame.m_updating = true;
-        }
-        ~UpdatingGuard() { m_frame.m_updating = m_old; }
+        explicit UpdatingGuard(ControlFrame &frame);
+        ~UpdatingGuard();
         UpdatingGuard(const UpdatingGuard &) = delete;
         UpdatingGuard &operator=(const UpdatingGuard &) = delete;
 
@@ -386,7 +381,7 @@ protected:
         bool m_old;
     };
 
-    FrameEditor &editor() const { return *m_editor; }
+    FrameEditor &editor() const;
     // The line editor's text box (null for a control with another editor). Text a control writes
     // goes through writeText(), so that it is told apart from text arriving without keys.
     QLineEdit *Text1() const;
@@ -405,7 +400,7 @@ protected:
     // The defaults of the common properties for this kind of control (a static object); they
     // are those of MaskBox unless the control names its own.
     void setCommonDefaults(const CommonDefaults &defaults);
-    const CommonDefaults &commonDefaults() const { return *m_commonDefaults; }
+    const CommonDefaults &commonDefaults() const;
 
     // What Value gives when there is no value: Null with NullIfEmpty, else Empty.
     QVariant noValue() const;
@@ -437,12 +432,12 @@ protected:
     virtual bool keepsShortcutKey(short keyCode, short shift, short keyAscii) const;
 
     // --- The text changed: by a key, by the control's own write, or (line editor) by text that
-    // arrived without keys and was taken. Default: mark "Value" dirty and raise Change unless
-    // isUpdating().
-    virtual void onTextChanged();
+    // arrived without keys and was taken; `text` is the text as now shown. Default: mark "Value"
+    // dirty and raise Change unless isUpdating().
+    virtual void onTextChanged(const QString &text);
     // Text arrived in the text box without keys (a paste from the context menu, a drop, an
     // undo, a program's call on the text box) while the control is not Locked (a Locked
-    // control takes none of it: `previous` comes back). Default: keep it, as onTextChanged()
+    // control takes none of it: `previous` comes back). Default: keep it, as onTextChanged(text)
     // reports. A control may write its own text instead (writeText()).
     virtual void onForeignText(const QString &text, const QString &previous);
 
@@ -505,48 +500,10 @@ protected:
     /// @endcond
 
 private:
-    friend class CommonProperties;
-    friend class FocusTracker;
-    friend class InnerMaskEditor;
-    friend class KeyPipeline;
-    friend class LineEditor;
-    friend class UpDownStepper;
-
-    void enterFocus();
-    void exitFocus();
-    // Hands one of the control's own keyboard, composition or focus events to its text widget.
-    void forwardToText(QEvent *event);
-    // Sets a common property through its row of the common table; reports it changed before or
-    // after applying it.
-    enum class Report { First, After };
-    void setCommon(CommonKey key, const QVariant &value, Report report = Report::After);
-    QSize hintFor(bool minimum) const;
-    // The keyboard focus is on the frame or one of its inner widgets.
-    bool focusIsInside() const;
-
-    std::unique_ptr<FrameEditor> m_editor;
-    const CommonDefaults *m_commonDefaults;
-    LineEditor *m_line = nullptr;       // m_editor, for a line control
-
-    OleColor m_backColor = OleColor::WindowBackground;
-    OleColor m_foreColor = OleColor::WindowText;
-    OleColor m_disabledColor = OleColor::GrayText;
-    twBorderStyleConstants m_borderStyle = twFixed3D;
-    bool m_selectTextOnFocus = true;
-    bool m_nullIfEmpty = false;
-    bool m_enterAsTab = false;
-    bool m_checkBox = false;
-    QPixmap m_mouseIcon;
-    int m_mousePointer = 0;
-    int m_oleDragMode = 0;
-    int m_oleDropMode = 0;
-
-    bool m_userMode = true;
-    CanPropertyChangeHook m_canPropertyChange;
-    QStringList m_dirty;
-
-    bool m_hasFocus = false;
-    bool m_updating = false;
+    // Every private member lives in the private part, which the frame's own helpers (the editors,
+    // the key pipeline, the stepper, the focus tracker) reach instead of befriending the frame.
+    Q_DECLARE_PRIVATE_D(m_d, ControlFrame)
+    std::unique_ptr<ControlFramePrivate> m_d;
 };
 
 } // namespace Tarnwell

@@ -218,7 +218,7 @@ protected:
     bool stepValue(bool up) override;
     bool showsUpDownButton() const override;
     void handleKeyDown(short &keyCode, short &shift) override;
-    void onTextChanged() override;
+    void onTextChanged(const QString &text) override;
     void onEnterFocus() override;
     void onExitFocus() override;
     void updateValueControls() override;

@@ -218,7 +218,7 @@ protected:
     bool stepValue(bool up) override;
     void handleKeyDown(short &keyCode, short &shift) override;
     void handleKeyPress(short &keyAscii) override;
-    void onTextChanged() override;
+    void onTextChanged(const QString &text) override;
     void onForeignText(const QString &text, const QString &previous) override;
     bool filterDrop(QEvent *event) override;
     void onExitFocus() override;

@@ -144,7 +144,7 @@ signals:
 protected:
     /// @cond INTERNAL
     // Every change of the inner box's text is read at once; entering and leaving show the value.
-    void onTextChanged() override;
+    void onTextChanged(const QString &text) override;
     void onEnterFocus() override;
     void onExitFocus() override;
     // A and P switch the half of the day; the arrow keys step.

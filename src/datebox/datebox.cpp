@@ -278,13 +278,12 @@ void DateBox::refreshDisplay()
 }
 
 // Typing: every accepted change of the text is read back, valid or not, and raises Change.
-void DateBox::onTextChanged()
+void DateBox::onTextChanged(const QString &text)
 {
     if (isUpdating() || Locked() || !controlHasFocus())
         return;
     {
         UpdatingGuard updating(*this);
-        const QString text = shownText();
         const DateFields::Reading reading = m_fields->parseEditText(text, Minimum(), Maximum());
         m_valid = reading.isAcceptable();
         m_value = m_valid ? reading.date : clampedToday();

@@ -4,6 +4,7 @@
 #include <tarnwell/dataobject.h>
 #include <tarnwell/maskbox.h>
 
+#include "shared/controlframe_p.h"
 #include "shared/lineeditor.h"
 
 #include <QPointer>
@@ -11,9 +12,12 @@
 namespace Tarnwell {
 
 InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
-    : m_frame(frame), m_box(new MaskBox(&frame))
+    : m_frame(frame), m_d(*ControlFramePrivate::get(&frame)), m_box(new MaskBox(&frame))
 {
     m_box->setObjectName(name);
+    // The outer control reports its Value once per edit; a second, unheard report from the box
+    // would only mark the box dirty.
+    ControlFramePrivate::get(m_box)->ownerReportsValue = true;
     // The outer frame draws the border and decides whether entering selects.
     m_box->setBorderStyle(twNone);
     m_box->setSelectTextOnFocus(false);
@@ -26,7 +30,7 @@ InnerMaskEditor::InnerMaskEditor(ControlFrame &frame, const QString &name)
     relayEvents();
 }
 
-ControlFrame::EditorFactory InnerMaskEditor::factory(const QString &name)
+InnerMaskEditor::Factory InnerMaskEditor::factory(const QString &name)
 {
     return [name](ControlFrame &frame) -> std::unique_ptr<FrameEditor> {
         return std::make_unique<InnerMaskEditor>(frame, name);
@@ -36,8 +40,8 @@ ControlFrame::EditorFactory InnerMaskEditor::factory(const QString &name)
 void InnerMaskEditor::commonDefaultsChanged(const CommonDefaults &defaults)
 {
     // The inner box draws the outer control's colours, so it knows their defaults too.
-    ControlFrame *inner = m_box;
-    inner->m_commonDefaults = &defaults;
+    ControlFramePrivate *inner = ControlFramePrivate::get(m_box);
+    inner->commonDefaults = &defaults;
     inner->applyTextColor();
 }
 
@@ -70,6 +74,7 @@ auto relayTo(ControlFrame *outer, void (ControlFrame::*signal)(Args...))
 void InnerMaskEditor::relayEvents()
 {
     ControlFrame *outer = &m_frame;
+    ControlFramePrivate *hooks = &m_d;
     connect(m_box, &ControlFrame::Click, this, relayTo(outer, &ControlFrame::Click));
     connect(m_box, &ControlFrame::DblClick, this, relayTo(outer, &ControlFrame::DblClick));
     connect(m_box, &ControlFrame::MouseDown, this, relayTo(outer, &ControlFrame::MouseDown));
@@ -81,50 +86,50 @@ void InnerMaskEditor::relayEvents()
     connect(m_box, &ControlFrame::OLEGiveFeedback, this, relayTo(outer, &ControlFrame::OLEGiveFeedback));
     connect(m_box, &ControlFrame::OLESetData, this, relayTo(outer, &ControlFrame::OLESetData));
     connect(m_box, &ControlFrame::OLEStartDrag, this, relayTo(outer, &ControlFrame::OLEStartDrag));
-    connect(m_box, &ControlFrame::KeyDown, this, [outer](short &keyCode, short &shift) {
+    connect(m_box, &ControlFrame::KeyDown, this, [outer, hooks](short &keyCode, short &shift) {
         QPointer<ControlFrame> self(outer);
         try {
             emit outer->KeyDown(keyCode, shift);
             if (self && keyCode != 0)
-                outer->handleKeyDown(keyCode, shift);
+                hooks->handleKeyDown(keyCode, shift);
         } catch (...) {
             keyCode = 0; // a key that failed half-way is dropped
         }
     });
-    connect(m_box, &ControlFrame::keyPress, this, [outer](short &keyAscii) {
+    connect(m_box, &ControlFrame::keyPress, this, [outer, hooks](short &keyAscii) {
         QPointer<ControlFrame> self(outer);
         try {
             emit outer->keyPress(keyAscii);
             if (self && keyAscii != 0)
-                outer->handleKeyPress(keyAscii);
+                hooks->handleKeyPress(keyAscii);
         } catch (...) {
             keyAscii = 0;
         }
     });
-    connect(m_box, &ControlFrame::KeyUp, this, [outer](short &keyCode, short &shift) {
+    connect(m_box, &ControlFrame::KeyUp, this, [outer, hooks](short &keyCode, short &shift) {
         QPointer<ControlFrame> self(outer);
         try {
             emit outer->KeyUp(keyCode, shift);
             if (self && keyCode != 0)
-                outer->handleKeyUp(keyCode, shift);
+                hooks->handleKeyUp(keyCode, shift);
         } catch (...) {
             keyCode = 0;
         }
     });
-    connect(m_box, &ControlFrame::Change, this, [this, outer] {
+    connect(m_box, &ControlFrame::Change, this, [this, outer, hooks] {
         try {
             // The inner box raises Change for its check box as well: the outer control's value
             // controls follow the box, as they do on a line control.
             if (m_box->Checked() != m_checked) {
                 QPointer<ControlFrame> self(outer);
                 m_checked = m_box->Checked();
-                outer->updateValueControls();
+                hooks->updateValueControls();
                 if (self)
-                    outer->afterCheckClick();
+                    hooks->afterCheckClick();
                 if (!self)
                     return;
             }
-            outer->onTextChanged();
+            hooks->onTextChanged(m_box->Text());
         } catch (...) {
         }
     });
@@ -261,8 +266,7 @@ void InnerMaskEditor::selectAll()
 
 void InnerMaskEditor::layout(int reservedWidth)
 {
-    m_frame.placeTwips(m_box, 0, 0, m_frame.innerWidthTwips() - reservedWidth,
-                       m_frame.innerHeightTwips());
+    m_d.placeTwips(m_box, 0, 0, m_d.innerWidthTwips() - reservedWidth, m_d.innerHeightTwips());
 }
 
 void InnerMaskEditor::refresh()

@@ -8,15 +8,18 @@
 namespace Tarnwell {
 
 class ControlFrame;
+class ControlFramePrivate;
 class MaskBox;
 
 // The editor of DateBox and TimeBox: an inner MaskBox (mdtDate, mdtTime) that carries the text,
-// driven only through MaskBox's public interface. It forwards the common properties to the inner
-// box, keeps the box in the outer control's design or run mode, relays its events to the outer
-// control once and by reference (then runs the outer control's key hooks), and reports the inner
-// box's Change to the outer control's onTextChanged() (after updateValueControls() and
-// afterCheckClick() when the Change came from its check box). The inner box never selects on
-// entry of its own: selecting on entry is the outer control's SelectTextOnFocus.
+// driven through MaskBox's public interface (and through the frame's private part for the common
+// defaults and for leaving the Value reports to the outer control). It forwards the common
+// properties to the inner box, keeps the box in the outer control's design or run mode, relays
+// its events to the outer control once and by reference (then runs the outer control's key
+// hooks), and reports the inner box's Change to the outer control's onTextChanged() with the
+// box's text (after updateValueControls() and afterCheckClick() when the Change came from its
+// check box). The inner box never selects on entry of its own: selecting on entry is the outer
+// control's SelectTextOnFocus.
 class InnerMaskEditor final : public QObject, public FrameEditor
 {
     Q_OBJECT
@@ -25,8 +28,10 @@ public:
     ~InnerMaskEditor() override;
 
     MaskBox *box() const { return m_box; }
+    // What a control's constructor hands its frame to make its editor.
+    using Factory = std::function<std::unique_ptr<FrameEditor>(ControlFrame &frame)>;
     // The editor a control on an inner MaskBox named `name` hands its frame.
-    static ControlFrame::EditorFactory factory(const QString &name);
+    static Factory factory(const QString &name);
     // The inner box of a control made with factory().
     static MaskBox &boxOf(const FrameEditor &editor)
     {
@@ -61,6 +66,7 @@ private:
     void relayEvents();
 
     ControlFrame &m_frame;
+    ControlFramePrivate &m_d; // the outer control's hooks
     MaskBox *m_box = nullptr;
     bool m_checked = true; // the inner check box as the outer control last saw it
 };

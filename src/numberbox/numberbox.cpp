@@ -324,10 +324,10 @@ NumberEditState NumberBox::editState() const
     return state;
 }
 
-void NumberBox::onTextChanged()
+void NumberBox::onTextChanged(const QString &text)
 {
-    if (shownText() != m_shownText) {
-        normaliseForeignText(shownText());
+    if (text != m_shownText) {
+        normaliseForeignText(text);
         return;
     }
     // Under isUpdating() the writer reports the change itself (a step), or there is none.

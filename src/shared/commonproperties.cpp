@@ -6,6 +6,7 @@
 
 #include "shared/bagkeys.h"
 #include "shared/bagvalues.h"
+#include "shared/controlframe_p.h"
 #include "shared/frameeditor.h"
 #include "shared/mousepointer.h"
 #include "shared/twips.h"
@@ -39,6 +40,22 @@ int ranged(const QVariant &value, int lowest, int highest)
 QVariant toColor(const QVariant &v) { return QVariant::fromValue(BagValue::toColor(v)); }
 QVariant toBool(const QVariant &v) { return BagValue::toBool(v); }
 
+// The frame's private part: the rows set what the frame stores and call its appliers.
+ControlFramePrivate &privateOf(ControlFrame &f)
+{
+    return *ControlFramePrivate::get(&f);
+}
+
+const ControlFramePrivate &privateOf(const ControlFrame &f)
+{
+    return *ControlFramePrivate::get(&f);
+}
+
+const CommonDefaults &defaultsOf(const ControlFrame &f)
+{
+    return *privateOf(f).commonDefaults;
+}
+
 } // namespace
 
 // The rows, in the order of CommonKey (row() relies on it). Each row's default is what a new
@@ -50,8 +67,8 @@ const CommonProperty CommonProperties::table[] = {
      [](const ControlFrame &f) { return f.BackColor() == OleColor::WindowBackground; },
      toColor,
      [](ControlFrame &f, const QVariant &v) {
-         f.m_backColor = qvariant_cast<OleColor>(v);
-         f.applyBorder();
+         privateOf(f).backColor = qvariant_cast<OleColor>(v);
+         privateOf(f).applyBorder();
      }},
     {K::Enabled, BagKey::Enabled,
      [](const ControlFrame &) { return QVariant(true); },
@@ -62,7 +79,7 @@ const CommonProperty CommonProperties::table[] = {
          f.QFrame::setEnabled(v.toBool()); // the colours follow in changeEvent()
      }},
     {K::Font, BagKey::Font,
-     [](const ControlFrame &f) { return QVariant(f.ambientFont()); },
+     [](const ControlFrame &f) { return QVariant(privateOf(f).ambientFont()); },
      [](const ControlFrame &f) { return QVariant(f.Font()); },
      [](const ControlFrame &f) { return !f.testAttribute(Qt::WA_SetFont); },
      [](const QVariant &v) { return QVariant(BagValue::toFont(v)); },
@@ -74,7 +91,7 @@ const CommonProperty CommonProperties::table[] = {
      [](const ControlFrame &f) { return QVariant(f.Locked()); },
      [](const ControlFrame &f) { return !f.Locked(); },
      toBool,
-     [](ControlFrame &f, const QVariant &v) { f.m_editor->setLocked(v.toBool()); }},
+     [](ControlFrame &f, const QVariant &v) { privateOf(f).editor->setLocked(v.toBool()); }},
     {K::MouseIcon, BagKey::MouseIcon,
      [](const ControlFrame &) { return QVariant(); }, // no picture
      [](const ControlFrame &f) {
@@ -83,8 +100,8 @@ const CommonProperty CommonProperties::table[] = {
      [](const ControlFrame &f) { return f.MouseIcon().isNull(); },
      [](const QVariant &v) { return QVariant(BagValue::toPicture(v)); },
      [](ControlFrame &f, const QVariant &v) {
-         f.m_mouseIcon = qvariant_cast<QPixmap>(v);
-         f.m_editor->apply(Applied::Cursor);
+         privateOf(f).mouseIcon = qvariant_cast<QPixmap>(v);
+         privateOf(f).editor->apply(Applied::Cursor);
      }},
     {K::BorderStyle, BagKey::BorderStyle,
      [](const ControlFrame &) { return smallInt(twFixed3D); },
@@ -92,35 +109,35 @@ const CommonProperty CommonProperties::table[] = {
      [](const ControlFrame &f) { return f.BorderStyle() == twFixed3D; },
      [](const QVariant &v) { return QVariant(ranged(v, twNone, twFixed3D)); },
      [](ControlFrame &f, const QVariant &v) {
-         f.m_borderStyle = twBorderStyleConstants(v.toInt());
-         f.applyBorder();
+         privateOf(f).borderStyle = twBorderStyleConstants(v.toInt());
+         privateOf(f).applyBorder();
      }},
     {K::ForeColor, BagKey::ForeColor,
-     [](const ControlFrame &f) { return colorValue(f.commonDefaults().foreColor); },
+     [](const ControlFrame &f) { return colorValue(defaultsOf(f).foreColor); },
      [](const ControlFrame &f) { return colorValue(f.ForeColor()); },
-     [](const ControlFrame &f) { return f.ForeColor() == f.commonDefaults().foreColor; },
+     [](const ControlFrame &f) { return f.ForeColor() == defaultsOf(f).foreColor; },
      toColor,
      [](ControlFrame &f, const QVariant &v) {
-         f.m_foreColor = qvariant_cast<OleColor>(v);
-         f.m_editor->apply(Applied::Colors);
+         privateOf(f).foreColor = qvariant_cast<OleColor>(v);
+         privateOf(f).editor->apply(Applied::Colors);
      }},
     {K::DisabledColor, BagKey::DisabledColor,
-     [](const ControlFrame &f) { return colorValue(f.commonDefaults().disabledColor); },
+     [](const ControlFrame &f) { return colorValue(defaultsOf(f).disabledColor); },
      [](const ControlFrame &f) { return colorValue(f.DisabledColor()); },
-     [](const ControlFrame &f) { return f.DisabledColor() == f.commonDefaults().disabledColor; },
+     [](const ControlFrame &f) { return f.DisabledColor() == defaultsOf(f).disabledColor; },
      toColor,
      [](ControlFrame &f, const QVariant &v) {
-         f.m_disabledColor = qvariant_cast<OleColor>(v);
-         f.m_editor->apply(Applied::Colors);
+         privateOf(f).disabledColor = qvariant_cast<OleColor>(v);
+         privateOf(f).editor->apply(Applied::Colors);
      }},
     {K::Alignment, BagKey::Alignment,
-     [](const ControlFrame &f) { return smallInt(f.commonDefaults().alignment); },
+     [](const ControlFrame &f) { return smallInt(defaultsOf(f).alignment); },
      [](const ControlFrame &f) { return smallInt(f.Alignment()); },
-     [](const ControlFrame &f) { return f.Alignment() == f.commonDefaults().alignment; },
+     [](const ControlFrame &f) { return f.Alignment() == defaultsOf(f).alignment; },
      [](const QVariant &v) { return QVariant(ranged(v, twLeftJustify, twCenter)); },
      [](ControlFrame &f, const QVariant &v) {
-         ControlFrame::UpdatingGuard updating(f);
-         f.m_editor->setAlignment(twAlignmentConstants(v.toInt()));
+         ControlFramePrivate::UpdatingGuard updating(f);
+         privateOf(f).editor->setAlignment(twAlignmentConstants(v.toInt()));
      }},
     {K::OLEDragMode, BagKey::OLEDragMode,
      [](const ControlFrame &) { return smallInt(ControlFrame::OLEDragManual); },
@@ -130,8 +147,8 @@ const CommonProperty CommonProperties::table[] = {
          return QVariant(ranged(v, ControlFrame::OLEDragManual, ControlFrame::OLEDragAutomatic));
      },
      [](ControlFrame &f, const QVariant &v) {
-         f.m_oleDragMode = v.toInt();
-         f.m_editor->apply(Applied::DragMode);
+         privateOf(f).oleDragMode = v.toInt();
+         privateOf(f).editor->apply(Applied::DragMode);
      }},
     {K::OLEDropMode, BagKey::OLEDropMode,
      [](const ControlFrame &) { return smallInt(ControlFrame::OLEDropNone); },
@@ -141,8 +158,8 @@ const CommonProperty CommonProperties::table[] = {
          return QVariant(ranged(v, ControlFrame::OLEDropNone, ControlFrame::OLEDropAutomatic));
      },
      [](ControlFrame &f, const QVariant &v) {
-         f.m_oleDropMode = v.toInt();
-         f.m_editor->apply(Applied::DropMode);
+         privateOf(f).oleDropMode = v.toInt();
+         privateOf(f).editor->apply(Applied::DropMode);
      }},
     {K::MousePointer, BagKey::MousePointer,
      [](const ControlFrame &) { return smallInt(ControlFrame::MousePointerDefault); },
@@ -155,15 +172,15 @@ const CommonProperty CommonProperties::table[] = {
          return QVariant(pointer);
      },
      [](ControlFrame &f, const QVariant &v) {
-         f.m_mousePointer = v.toInt();
-         f.m_editor->apply(Applied::Cursor);
+         privateOf(f).mousePointer = v.toInt();
+         privateOf(f).editor->apply(Applied::Cursor);
      }},
     {K::SelectTextOnFocus, BagKey::SelectTextOnFocus,
-     [](const ControlFrame &f) { return QVariant(f.commonDefaults().selectTextOnFocus); },
+     [](const ControlFrame &f) { return QVariant(defaultsOf(f).selectTextOnFocus); },
      [](const ControlFrame &f) { return QVariant(f.SelectTextOnFocus()); },
-     [](const ControlFrame &f) { return f.SelectTextOnFocus() == f.commonDefaults().selectTextOnFocus; },
+     [](const ControlFrame &f) { return f.SelectTextOnFocus() == defaultsOf(f).selectTextOnFocus; },
      toBool,
-     [](ControlFrame &f, const QVariant &v) { f.m_selectTextOnFocus = v.toBool(); }},
+     [](ControlFrame &f, const QVariant &v) { privateOf(f).selectTextOnFocus = v.toBool(); }},
     {K::ToolTip, BagKey::ToolTip,
      [](const ControlFrame &) { return QVariant(QString()); },
      [](const ControlFrame &f) { return QVariant(f.ToolTip()); },
@@ -178,33 +195,33 @@ const CommonProperty CommonProperties::table[] = {
      [](const ControlFrame &f) { return !f.CheckBox(); },
      toBool,
      [](ControlFrame &f, const QVariant &v) {
-         f.m_checkBox = v.toBool();
-         f.m_editor->apply(Applied::CheckBox);
-         f.relayout();
-         f.updateValueControls();
+         privateOf(f).checkBox = v.toBool();
+         privateOf(f).editor->apply(Applied::CheckBox);
+         privateOf(f).relayout();
+         privateOf(f).updateValueControls();
      }},
     {K::Checked, BagKey::Checked,
-     [](const ControlFrame &f) { return QVariant(f.commonDefaults().checked); },
+     [](const ControlFrame &f) { return QVariant(defaultsOf(f).checked); },
      [](const ControlFrame &f) { return QVariant(f.Checked()); },
-     [](const ControlFrame &f) { return f.Checked() == f.commonDefaults().checked; },
+     [](const ControlFrame &f) { return f.Checked() == defaultsOf(f).checked; },
      toBool,
      [](ControlFrame &f, const QVariant &v) {
-         f.m_editor->setChecked(v.toBool()); // the click logic, as the host's check box runs it
+         privateOf(f).editor->setChecked(v.toBool()); // the click logic, as the host's check box runs it
      }},
     {K::NullIfEmpty, BagKey::NullIfEmpty,
      [](const ControlFrame &) { return QVariant(false); },
      [](const ControlFrame &f) { return QVariant(f.NullIfEmpty()); },
      [](const ControlFrame &f) { return !f.NullIfEmpty(); },
      toBool,
-     [](ControlFrame &f, const QVariant &v) { f.m_nullIfEmpty = v.toBool(); }},
+     [](ControlFrame &f, const QVariant &v) { privateOf(f).nullIfEmpty = v.toBool(); }},
     {K::EnterAsTab, BagKey::EnterAsTab,
      [](const ControlFrame &) { return QVariant(false); },
      [](const ControlFrame &f) { return QVariant(f.EnterAsTab()); },
      [](const ControlFrame &f) { return !f.EnterAsTab(); },
      toBool,
      [](ControlFrame &f, const QVariant &v) {
-         f.m_enterAsTab = v.toBool();
-         f.m_editor->apply(Applied::EnterAsTab);
+         privateOf(f).enterAsTab = v.toBool();
+         privateOf(f).editor->apply(Applied::EnterAsTab);
      }},
 };
 

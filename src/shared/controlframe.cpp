@@ -6,6 +6,7 @@
 #include "shared/accessibility.h"
 #include "shared/bagkeys.h"
 #include "shared/commonproperties.h"
+#include "shared/controlframe_p.h"
 #include "shared/focustracker.h"
 #include "shared/lineeditor.h"
 #include "shared/mousepointer.h"
@@ -29,15 +30,23 @@ const CommonDefaults maskBoxDefaults;
 
 } // namespace
 
-ControlFrame::ControlFrame(QWidget *parent, const EditorFactory &makeEditor)
-    : QFrame(parent), m_commonDefaults(&maskBoxDefaults)
+ControlFramePrivate::ControlFramePrivate(ControlFrame *frame)
+    : q_ptr(frame), commonDefaults(&maskBoxDefaults)
 {
+}
+
+ControlFramePrivate::~ControlFramePrivate() = default;
+
+ControlFrame::ControlFrame(QWidget *parent, const EditorFactory &makeEditor)
+    : QFrame(parent), m_d(std::make_unique<ControlFramePrivate>(this))
+{
+    Q_D(ControlFrame);
     if (makeEditor) {
-        m_editor = makeEditor(*this);
+        d->editor = makeEditor(*this);
     } else {
         auto editor = std::make_unique<LineEditor>(*this);
-        m_line = editor.get();
-        m_editor = std::move(editor);
+        d->line = editor.get();
+        d->editor = std::move(editor);
     }
     // The control itself takes the focus and hands it to its text widget, as the spin boxes
     // and date edits this library's controls stand beside do (MaskBox takes a line edit's).
@@ -53,85 +62,141 @@ ControlFrame::ControlFrame(QWidget *parent, const EditorFactory &makeEditor)
 
 ControlFrame::~ControlFrame()
 {
+    Q_D(ControlFrame);
     FocusTracker::forget(this);
     // The editor detaches from the inner widgets first: their last events must not reach a
     // half-destroyed control.
-    m_line = nullptr;
-    m_editor.reset();
+    d->line = nullptr;
+    d->editor.reset();
+}
+
+ControlFrame::UpdatingGuard::UpdatingGuard(ControlFrame &frame)
+    : m_frame(frame), m_old(frame.d_func()->updating)
+{
+    m_frame.d_func()->updating = true;
+}
+
+ControlFrame::UpdatingGuard::~UpdatingGuard()
+{
+    m_frame.d_func()->updating = m_old;
+}
+
+FrameEditor &ControlFrame::editor() const
+{
+    Q_D(const ControlFrame);
+    return *d->editor;
 }
 
 QLineEdit *ControlFrame::Text1() const
 {
-    return m_line ? m_line->text1() : nullptr;
+    Q_D(const ControlFrame);
+    return d->line ? d->line->text1() : nullptr;
 }
 
 QCheckBox *ControlFrame::Check1() const
 {
-    return m_line ? m_line->check1() : nullptr;
+    Q_D(const ControlFrame);
+    return d->line ? d->line->check1() : nullptr;
 }
 
 QString ControlFrame::shownText() const
 {
-    return m_editor->text();
+    Q_D(const ControlFrame);
+    return d->editor->text();
 }
 
 void ControlFrame::writeText(const QString &text, int selStart, int selLength)
 {
-    if (m_line)
-        m_line->write(text, selStart, selLength);
+    Q_D(ControlFrame);
+    if (d->line)
+        d->line->write(text, selStart, selLength);
 }
 
 void ControlFrame::setCheckValue(bool ticked)
 {
-    m_editor->setChecked(ticked);
+    Q_D(ControlFrame);
+    d->editor->setChecked(ticked);
 }
 
 bool ControlFrame::valueControlsEnabled() const
 {
-    return Enabled() && (!m_checkBox || Checked());
+    Q_D(const ControlFrame);
+    return Enabled() && (!d->checkBox || Checked());
 }
 
 // ---------------------------------------------------------------------------------------------
 // Host site
 
+bool ControlFrame::UserMode() const
+{
+    Q_D(const ControlFrame);
+    return d->userMode;
+}
+
 void ControlFrame::setUserMode(bool runTime)
 {
-    m_userMode = runTime;
-    m_editor->apply(FrameEditor::Applied::UserMode);
+    Q_D(ControlFrame);
+    d->userMode = runTime;
+    d->editor->apply(FrameEditor::Applied::UserMode);
 }
 
 void ControlFrame::setCanPropertyChangeHook(CanPropertyChangeHook hook)
 {
-    m_canPropertyChange = std::move(hook);
+    Q_D(ControlFrame);
+    d->canPropertyChange = std::move(hook);
 }
 
 bool ControlFrame::canPropertyChange(const QString &name) const
 {
-    return !m_canPropertyChange || m_canPropertyChange(name);
+    Q_D(const ControlFrame);
+    return !d->canPropertyChange || d->canPropertyChange(name);
+}
+
+QStringList ControlFrame::dirtyProperties() const
+{
+    Q_D(const ControlFrame);
+    return d->dirty;
+}
+
+bool ControlFrame::isDirty(const QString &name) const
+{
+    Q_D(const ControlFrame);
+    return d->dirty.contains(name);
+}
+
+void ControlFrame::clearDirty()
+{
+    Q_D(ControlFrame);
+    d->dirty.clear();
 }
 
 void ControlFrame::markDirty(const QString &name)
 {
-    if (!m_dirty.contains(name))
-        m_dirty.append(name);
+    Q_D(ControlFrame);
+    if (d->ownerReportsValue && name == BagKey::Value)
+        return;
+    if (!d->dirty.contains(name))
+        d->dirty.append(name);
     emit PropertyChanged(name);
 }
 
 QVariant ControlFrame::noValue() const
 {
-    return m_nullIfEmpty ? Variant::null() : Variant::empty();
+    Q_D(const ControlFrame);
+    return d->nullIfEmpty ? Variant::null() : Variant::empty();
 }
 
 std::optional<QVariant> ControlFrame::beginValueSet(const QVariant &value)
 {
-    if (!m_userMode)
+    Q_D(ControlFrame);
+    if (!d->userMode)
         refuse(Error::SetNotPermitted);
     if (!canPropertyChange(BagKey::Value))
         return std::nullopt;
     QPointer<ControlFrame> self(this);
     markDirty(BagKey::Value);
     if (Variant::isNull(value)) {
-        if (m_checkBox)
+        if (d->checkBox)
             setCheckValue(false);
         if (!self)
             return std::nullopt;
@@ -145,12 +210,26 @@ std::optional<QVariant> ControlFrame::beginValueSet(const QVariant &value)
 
 void ControlFrame::refuseSet() const
 {
-    refuse(m_userMode ? Error::SetNotSupportedAtRuntime : Error::SetNotPermitted);
+    Q_D(const ControlFrame);
+    refuse(d->userMode ? Error::SetNotSupportedAtRuntime : Error::SetNotPermitted);
+}
+
+bool ControlFrame::controlHasFocus() const
+{
+    Q_D(const ControlFrame);
+    return d->hasFocus;
 }
 
 bool ControlFrame::checkHasFocus() const
 {
-    return m_editor->checkHasFocus();
+    Q_D(const ControlFrame);
+    return d->editor->checkHasFocus();
+}
+
+bool ControlFrame::isUpdating() const
+{
+    Q_D(const ControlFrame);
+    return d->updating;
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -159,30 +238,52 @@ bool ControlFrame::checkHasFocus() const
 // A common property set by its setter: checked as a bag value is (Error 380 for one outside its
 // constants), applied through its row of the common table, reported changed. A few report first,
 // as the frame documents them.
-void ControlFrame::setCommon(CommonKey key, const QVariant &value, Report report)
+void ControlFramePrivate::setCommon(CommonKey key, const QVariant &value, Report report)
 {
+    Q_Q(ControlFrame);
     const CommonProperty &property = CommonProperties::row(key);
     const QVariant checked = property.check(value);
     if (report == Report::First)
-        markDirty(property.name);
-    property.assign(*this, checked);
+        q->markDirty(property.name);
+    property.assign(*q, checked);
     if (report == Report::After)
-        markDirty(property.name);
+        q->markDirty(property.name);
+}
+
+OleColor ControlFrame::BackColor() const
+{
+    Q_D(const ControlFrame);
+    return d->backColor;
 }
 
 void ControlFrame::setBackColor(OleColor color)
 {
-    setCommon(CommonKey::BackColor, QVariant::fromValue(color));
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::BackColor, QVariant::fromValue(color));
+}
+
+OleColor ControlFrame::ForeColor() const
+{
+    Q_D(const ControlFrame);
+    return d->foreColor;
 }
 
 void ControlFrame::setForeColor(OleColor color)
 {
-    setCommon(CommonKey::ForeColor, QVariant::fromValue(color));
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::ForeColor, QVariant::fromValue(color));
+}
+
+OleColor ControlFrame::DisabledColor() const
+{
+    Q_D(const ControlFrame);
+    return d->disabledColor;
 }
 
 void ControlFrame::setDisabledColor(OleColor color)
 {
-    setCommon(CommonKey::DisabledColor, QVariant::fromValue(color));
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::DisabledColor, QVariant::fromValue(color));
 }
 
 bool ControlFrame::Enabled() const
@@ -192,123 +293,201 @@ bool ControlFrame::Enabled() const
 
 void ControlFrame::setEnabled(bool enabled)
 {
-    setCommon(CommonKey::Enabled, enabled);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::Enabled, enabled);
 }
 
 void ControlFrame::setFont(const QFont &font)
 {
-    setCommon(CommonKey::Font, font);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::Font, font);
+}
+
+twBorderStyleConstants ControlFrame::BorderStyle() const
+{
+    Q_D(const ControlFrame);
+    return d->borderStyle;
 }
 
 void ControlFrame::setBorderStyle(twBorderStyleConstants style)
 {
-    setCommon(CommonKey::BorderStyle, int(style), Report::First);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::BorderStyle, int(style), ControlFramePrivate::Report::First);
 }
 
 twAlignmentConstants ControlFrame::Alignment() const
 {
-    return m_editor->alignment();
+    Q_D(const ControlFrame);
+    return d->editor->alignment();
 }
 
 void ControlFrame::setAlignment(twAlignmentConstants alignment)
 {
-    setCommon(CommonKey::Alignment, int(alignment));
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::Alignment, int(alignment));
 }
 
 bool ControlFrame::Locked() const
 {
-    return m_editor->locked();
+    Q_D(const ControlFrame);
+    return d->editor->locked();
 }
 
 void ControlFrame::setLocked(bool locked)
 {
-    setCommon(CommonKey::Locked, locked);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::Locked, locked);
+}
+
+bool ControlFrame::SelectTextOnFocus() const
+{
+    Q_D(const ControlFrame);
+    return d->selectTextOnFocus;
 }
 
 void ControlFrame::setSelectTextOnFocus(bool on)
 {
-    setCommon(CommonKey::SelectTextOnFocus, on);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::SelectTextOnFocus, on);
+}
+
+bool ControlFrame::NullIfEmpty() const
+{
+    Q_D(const ControlFrame);
+    return d->nullIfEmpty;
 }
 
 void ControlFrame::setNullIfEmpty(bool on)
 {
-    setCommon(CommonKey::NullIfEmpty, on);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::NullIfEmpty, on);
+}
+
+bool ControlFrame::EnterAsTab() const
+{
+    Q_D(const ControlFrame);
+    return d->enterAsTab;
 }
 
 void ControlFrame::setEnterAsTab(bool on)
 {
-    setCommon(CommonKey::EnterAsTab, on);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::EnterAsTab, on);
 }
 
 void ControlFrame::setToolTip(const QString &text)
 {
-    setCommon(CommonKey::ToolTip, text);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::ToolTip, text);
+}
+
+bool ControlFrame::CheckBox() const
+{
+    Q_D(const ControlFrame);
+    return d->checkBox;
 }
 
 void ControlFrame::setCheckBox(bool on)
 {
-    setCommon(CommonKey::CheckBox, on);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::CheckBox, on);
 }
 
 bool ControlFrame::Checked() const
 {
-    return m_editor->checked();
+    Q_D(const ControlFrame);
+    return d->editor->checked();
 }
 
 void ControlFrame::setChecked(bool on)
 {
-    setCommon(CommonKey::Checked, on, Report::First); // the click logic may raise Change
+    Q_D(ControlFrame);
+    // Reported first: the click logic may raise Change.
+    d->setCommon(CommonKey::Checked, on, ControlFramePrivate::Report::First);
+}
+
+QPixmap ControlFrame::MouseIcon() const
+{
+    Q_D(const ControlFrame);
+    return d->mouseIcon;
 }
 
 void ControlFrame::setMouseIcon(const QPixmap &icon)
 {
-    setCommon(CommonKey::MouseIcon, icon);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::MouseIcon, icon);
+}
+
+int ControlFrame::MousePointer() const
+{
+    Q_D(const ControlFrame);
+    return d->mousePointer;
 }
 
 void ControlFrame::setMousePointer(int pointer)
 {
-    setCommon(CommonKey::MousePointer, pointer);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::MousePointer, pointer);
+}
+
+int ControlFrame::OLEDragMode() const
+{
+    Q_D(const ControlFrame);
+    return d->oleDragMode;
 }
 
 void ControlFrame::setOLEDragMode(int mode)
 {
-    setCommon(CommonKey::OLEDragMode, mode);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::OLEDragMode, mode);
+}
+
+int ControlFrame::OLEDropMode() const
+{
+    Q_D(const ControlFrame);
+    return d->oleDropMode;
 }
 
 void ControlFrame::setOLEDropMode(int mode)
 {
-    setCommon(CommonKey::OLEDropMode, mode);
+    Q_D(ControlFrame);
+    d->setCommon(CommonKey::OLEDropMode, mode);
 }
 
 int ControlFrame::SelStart() const
 {
-    return m_editor->selStart();
+    Q_D(const ControlFrame);
+    return d->editor->selStart();
 }
 
 void ControlFrame::setSelStart(int start)
 {
+    Q_D(ControlFrame);
     if (start < 0)
         refuse();
-    m_editor->setSelStart(start);
+    d->editor->setSelStart(start);
     markDirty(BagKey::SelStart);
 }
 
 int ControlFrame::SelLength() const
 {
-    return m_editor->selLength();
+    Q_D(const ControlFrame);
+    return d->editor->selLength();
 }
 
 void ControlFrame::setSelLength(int length)
 {
+    Q_D(ControlFrame);
     if (length < 0)
         refuse();
-    m_editor->setSelLength(length);
+    d->editor->setSelLength(length);
     markDirty(BagKey::SelLength);
 }
 
 QString ControlFrame::SelText() const
 {
-    return m_editor->selText();
+    Q_D(const ControlFrame);
+    return d->editor->selText();
 }
 
 void ControlFrame::setSelText(const QString &)
@@ -318,13 +497,15 @@ void ControlFrame::setSelText(const QString &)
 
 void ControlFrame::Refresh()
 {
+    Q_D(ControlFrame);
     update();
-    m_editor->refresh();
+    d->editor->refresh();
 }
 
 void ControlFrame::OLEDrag()
 {
-    m_editor->startDrag();
+    Q_D(ControlFrame);
+    d->editor->startDrag();
 }
 
 QFont ControlFrame::ambientFont() const

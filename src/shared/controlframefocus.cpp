@@ -3,6 +3,7 @@
 #include <tarnwell/controlframe.h>
 
 #include "shared/bagkeys.h"
+#include "shared/controlframe_p.h"
 #include "shared/frameeditor.h"
 
 #include <QApplication>
@@ -11,16 +12,17 @@
 
 namespace Tarnwell {
 
-void ControlFrame::onTextChanged()
+void ControlFrame::onTextChanged(const QString &)
 {
+    Q_D(ControlFrame);
     markDirty(BagKey::Value);
-    if (!m_updating)
+    if (!d->updating)
         emit Change();
 }
 
-void ControlFrame::onForeignText(const QString &, const QString &)
+void ControlFrame::onForeignText(const QString &text, const QString &)
 {
-    onTextChanged();
+    onTextChanged(text);
 }
 
 bool ControlFrame::filterDrop(QEvent *)
@@ -28,33 +30,36 @@ bool ControlFrame::filterDrop(QEvent *)
     return false;
 }
 
-void ControlFrame::enterFocus()
+void ControlFramePrivate::enterFocus()
 {
-    m_hasFocus = true;
-    update(); // the border shows the focus
-    onEnterFocus();
+    Q_Q(ControlFrame);
+    hasFocus = true;
+    q->update(); // the border shows the focus
+    q->onEnterFocus();
 }
 
-void ControlFrame::exitFocus()
+void ControlFramePrivate::exitFocus()
 {
-    m_hasFocus = false;
-    update();
-    onExitFocus();
+    Q_Q(ControlFrame);
+    hasFocus = false;
+    q->update();
+    q->onExitFocus();
 }
 
 // A key that reaches the control while one of its own children has the real focus (Check1, the
 // calendar button) was left ignored by that child; it is not the text's.
-void ControlFrame::forwardToText(QEvent *event)
+void ControlFramePrivate::forwardToText(QEvent *event)
 {
-    if (!m_editor)
+    Q_Q(ControlFrame);
+    if (!editor)
         return; // being destroyed
     const QWidget *focus = QApplication::focusWidget();
-    const bool fromChild = focus && focus != this && isAncestorOf(focus);
+    const bool fromChild = focus && focus != q && q->isAncestorOf(focus);
     try {
         if (fromChild && event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut)
             event->ignore();
         else
-            m_editor->forward(event);
+            editor->forward(event);
     } catch (...) {
         // Nothing may unwind into the event loop; a key that failed half-way is dropped.
         event->accept();
@@ -63,8 +68,9 @@ void ControlFrame::forwardToText(QEvent *event)
 
 bool ControlFrame::event(QEvent *event)
 {
+    Q_D(ControlFrame);
     if (event->type() == QEvent::ShortcutOverride) {
-        forwardToText(event);
+        d->forwardToText(event);
         return true;
     }
     return QFrame::event(event);
@@ -72,23 +78,27 @@ bool ControlFrame::event(QEvent *event)
 
 void ControlFrame::keyPressEvent(QKeyEvent *event)
 {
-    forwardToText(event);
+    Q_D(ControlFrame);
+    d->forwardToText(event);
 }
 
 void ControlFrame::keyReleaseEvent(QKeyEvent *event)
 {
-    forwardToText(event);
+    Q_D(ControlFrame);
+    d->forwardToText(event);
 }
 
 void ControlFrame::inputMethodEvent(QInputMethodEvent *event)
 {
-    forwardToText(event);
+    Q_D(ControlFrame);
+    d->forwardToText(event);
 }
 
 QVariant ControlFrame::inputMethodQuery(Qt::InputMethodQuery query) const
 {
+    Q_D(const ControlFrame);
     try {
-        return m_editor ? m_editor->inputMethodQuery(query) : QVariant();
+        return d->editor ? d->editor->inputMethodQuery(query) : QVariant();
     } catch (...) {
         return QVariant();
     }
@@ -96,20 +106,23 @@ QVariant ControlFrame::inputMethodQuery(Qt::InputMethodQuery query) const
 
 void ControlFrame::focusInEvent(QFocusEvent *event)
 {
+    Q_D(ControlFrame);
     QFrame::focusInEvent(event);
-    forwardToText(event);
+    d->forwardToText(event);
 }
 
 void ControlFrame::focusOutEvent(QFocusEvent *event)
 {
+    Q_D(ControlFrame);
     QFrame::focusOutEvent(event);
-    forwardToText(event);
+    d->forwardToText(event);
 }
 
 void ControlFrame::onEnterFocus()
 {
-    if (m_selectTextOnFocus)
-        m_editor->selectAll();
+    Q_D(ControlFrame);
+    if (d->selectTextOnFocus)
+        d->editor->selectAll();
 }
 
 void ControlFrame::onExitFocus() {}

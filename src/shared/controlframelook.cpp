@@ -3,10 +3,9 @@
 // text where a QLineEdit's would be, its border the style's line-edit panel.
 #include <tarnwell/controlframe.h>
 
-
 #include "shared/commonproperties.h"
+#include "shared/controlframe_p.h"
 #include "shared/framestyle.h"
-#include "innermask/innermaskeditor.h"
 #include "shared/lineeditor.h"
 #include "shared/twips.h"
 
@@ -22,30 +21,33 @@ namespace Tarnwell {
 
 QSize ControlFrame::sizeHint() const
 {
-    return hintFor(false);
+    Q_D(const ControlFrame);
+    return d->hintFor(false);
 }
 
 QSize ControlFrame::minimumSizeHint() const
 {
-    return hintFor(true);
+    Q_D(const ControlFrame);
+    return d->hintFor(true);
 }
 
-QSize ControlFrame::hintFor(bool minimum) const
+QSize ControlFramePrivate::hintFor(bool minimum) const
 {
-    ensurePolished();
+    Q_Q(const ControlFrame);
+    q->ensurePolished();
     // The 3-D border is a line edit's frame, so the style sizes it as it sizes a QLineEdit's; the
     // flat box adds its own pixel around the text line.
-    const int border = frameWidth();
-    QSize size = m_borderStyle == twFixed3D
-                     ? FrameStyle::lineEditSize(this, border, minimum)
-                     : FrameStyle::lineEditSize(this, 0, minimum) + QSize(2 * border, 2 * border);
-    if (m_checkBox)
+    const int border = q->frameWidth();
+    QSize size = borderStyle == twFixed3D
+                     ? FrameStyle::lineEditSize(q, border, minimum)
+                     : FrameStyle::lineEditSize(q, 0, minimum) + QSize(2 * border, 2 * border);
+    if (checkBox)
         size.rwidth() += Twips::toPixels(Twips::TextLeftWithCheckBox - Twips::TextInset);
     // The control's own buttons widen it as a spin box's arrows widen the spin box, and make it
     // as tall as one.
-    if (const int buttons = Twips::toPixels(reservedWidth()); buttons > 0) {
+    if (const int buttons = Twips::toPixels(q->reservedWidth()); buttons > 0) {
         size.rwidth() += buttons;
-        size.setHeight(qMax(size.height(), FrameStyle::spinBoxHeight(this, minimum)));
+        size.setHeight(qMax(size.height(), FrameStyle::spinBoxHeight(q, minimum)));
     }
     return size;
 }
@@ -60,7 +62,8 @@ QColor ControlFrame::resolveColor(OleColor color) const
 
 OleColor ControlFrame::textColor() const
 {
-    return Enabled() ? m_foreColor : m_disabledColor;
+    Q_D(const ControlFrame);
+    return Enabled() ? d->foreColor : d->disabledColor;
 }
 
 void ControlFrame::applyTextColor()
@@ -71,27 +74,35 @@ void ControlFrame::applyTextColor()
 
 void ControlFrame::setCommonDefaults(const CommonDefaults &defaults)
 {
-    m_commonDefaults = &defaults;
-    m_editor->commonDefaultsChanged(defaults);
+    Q_D(ControlFrame);
+    d->commonDefaults = &defaults;
+    d->editor->commonDefaultsChanged(defaults);
+}
+
+const CommonDefaults &ControlFrame::commonDefaults() const
+{
+    Q_D(const ControlFrame);
+    return *d->commonDefaults;
 }
 
 void ControlFrame::paintTextBox(QWidget *box) const
 {
+    Q_D(const ControlFrame);
     const OleColor text = textColor();
     // A control whose default text colour is plain black (DateBox, TimeBox) was made for a host
     // whose window text was black: while it holds that default, it shows the palette's text, as
     // the system colours do, so that a dark palette stays readable.
-    const OleColor defaultText = Enabled() ? m_commonDefaults->foreColor : m_commonDefaults->disabledColor;
+    const OleColor defaultText = Enabled() ? d->commonDefaults->foreColor : d->commonDefaults->disabledColor;
     const bool hostText = !text.isSystem() && text == defaultText;
     const QColor textColour = hostText ? palette().color(QPalette::Active, QPalette::Text) : resolveColor(text);
-    const QColor backColour = resolveColor(m_backColor);
+    const QColor backColour = resolveColor(d->backColor);
     // The default colours in an enabled control are the natural palette's own, and so are colours
     // it happens to hold already (a new palette comes back here, through changeEvent()).
     const QPalette &own = palette();
     const auto holds = [&](QPalette::ColorGroup group) {
         return own.color(group, QPalette::Text) == textColour && own.color(group, QPalette::Base) == backColour;
     };
-    const bool natural = isEnabled() && m_backColor == OleColor::WindowBackground
+    const bool natural = isEnabled() && d->backColor == OleColor::WindowBackground
                          && (text == OleColor::WindowText || hostText);
     LineEditor::paint(box, textColour, backColour,
                       natural || (isEnabled() && holds(QPalette::Active) && holds(QPalette::Inactive)));
@@ -99,14 +110,15 @@ void ControlFrame::paintTextBox(QWidget *box) const
 
 void ControlFrame::applyBorder()
 {
+    Q_D(ControlFrame);
     // Single: a flat one-pixel box. 3-D: the style's line-edit panel (paintEvent), as wide as
     // the style makes a line edit's frame.
     int style = QFrame::StyledPanel | QFrame::Sunken;
     int width = 1;
-    if (m_borderStyle == twNone) {
+    if (d->borderStyle == twNone) {
         style = QFrame::NoFrame | QFrame::Plain;
         width = 0;
-    } else if (m_borderStyle == twFixedSingle) {
+    } else if (d->borderStyle == twFixedSingle) {
         style = QFrame::Box | QFrame::Plain;
     }
     // Each set lays the frame out again, also with the value it has.
@@ -114,24 +126,26 @@ void ControlFrame::applyBorder()
         setFrameStyle(style);
     if (lineWidth() != width)
         setLineWidth(width);
-    m_editor->apply(FrameEditor::Applied::Colors);
+    d->editor->apply(FrameEditor::Applied::Colors);
     update(); // the strip around the inner widgets takes the back colour (paintEvent)
     updateGeometry();
     // The frame's width changed the inner area.
     relayout();
 }
 
-bool ControlFrame::focusIsInside() const
+bool ControlFramePrivate::focusIsInside() const
 {
+    Q_Q(const ControlFrame);
     const QWidget *focus = QApplication::focusWidget();
-    return focus && (focus == this || isAncestorOf(focus));
+    return focus && (focus == q || q->isAncestorOf(focus));
 }
 
 void ControlFrame::paintEvent(QPaintEvent *)
 {
+    Q_D(const ControlFrame);
     QPainter painter(this);
-    const QColor back = resolveColor(m_backColor);
-    if (m_borderStyle != twFixed3D) {
+    const QColor back = resolveColor(d->backColor);
+    if (d->borderStyle != twFixed3D) {
         painter.fillRect(contentsRect(), back);
         drawFrame(&painter);
         return;
@@ -141,7 +155,7 @@ void ControlFrame::paintEvent(QPaintEvent *)
     QStyleOptionFrame panel;
     FrameStyle::initLineEditOption(&panel, this, frameWidth());
     panel.rect = rect();
-    if (focusIsInside())
+    if (d->focusIsInside())
         panel.state |= QStyle::State_HasFocus;
     if (Locked())
         panel.state |= QStyle::State_ReadOnly;
@@ -186,7 +200,8 @@ void ControlFrame::placeTwips(QWidget *child, int left, int top, int width, int 
 
 void ControlFrame::relayout()
 {
-    m_editor->layout(reservedWidth());
+    Q_D(ControlFrame);
+    d->editor->layout(reservedWidth());
 }
 
 void ControlFrame::resizeEvent(QResizeEvent *event)
@@ -200,21 +215,22 @@ void ControlFrame::resizeEvent(QResizeEvent *event)
 
 void ControlFrame::changeEvent(QEvent *event)
 {
+    Q_D(ControlFrame);
     QFrame::changeEvent(event);
     try {
         switch (event->type()) {
         case QEvent::EnabledChange:
             // Also reached by QWidget::setEnabled through a base pointer.
-            m_editor->apply(FrameEditor::Applied::Colors);
+            d->editor->apply(FrameEditor::Applied::Colors);
             updateValueControls();
             break;
         case QEvent::ToolTipChange:
             // Also reached by QWidget::setToolTip through a base pointer.
-            m_editor->apply(FrameEditor::Applied::ToolTip);
+            d->editor->apply(FrameEditor::Applied::ToolTip);
             break;
         case QEvent::PaletteChange:
             // A new palette may resolve the system colours differently.
-            m_editor->apply(FrameEditor::Applied::Colors);
+            d->editor->apply(FrameEditor::Applied::Colors);
             update();
             break;
         case QEvent::StyleChange:

@@ -2,6 +2,7 @@
 
 #include <tarnwell/controlframe.h>
 
+#include "shared/controlframe_p.h"
 #include "shared/slotguard.h"
 
 #include <QApplication>
@@ -106,12 +107,12 @@ void FocusTracker::focusChanged(QWidget *now)
     m_inside = inside;
     for (auto it = before.crbegin(); it != before.crend(); ++it) {
         ControlFrame *frame = *it;
-        if (frame && frame->m_hasFocus && !inside.contains(*it))
-            frame->exitFocus();
+        if (frame && frame->controlHasFocus() && !inside.contains(*it))
+            ControlFramePrivate::get(frame)->exitFocus();
     }
     for (const QPointer<ControlFrame> &frame : inside) {
-        if (frame && !frame->m_hasFocus && m_inside.contains(frame))
-            frame->enterFocus();
+        if (frame && !frame->controlHasFocus() && m_inside.contains(frame))
+            ControlFramePrivate::get(frame)->enterFocus();
     }
 }
 

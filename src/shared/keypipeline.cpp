@@ -3,6 +3,7 @@
 #include <tarnwell/controlframe.h>
 
 #include "platform/keyboard.h"
+#include "shared/controlframe_p.h"
 #include "shared/keysender.h"
 #include "shared/textbox.h"
 
@@ -54,6 +55,11 @@ void TextBox::typeText(const QString &text)
     --m_keyDepth;
 }
 
+KeyPipeline::KeyPipeline(ControlFrame &frame, TextBox &text)
+    : m_frame(frame), m_d(*ControlFramePrivate::get(&frame)), m_text(text)
+{
+}
+
 void KeyPipeline::keyPress(QKeyEvent *event)
 {
     // Tab reaches here only when Qt found nowhere to move the focus, or with Ctrl or Alt; the
@@ -73,7 +79,7 @@ void KeyPipeline::keyPress(QKeyEvent *event)
         if (!self)
             return;
         if (keyCode != 0)
-            m_frame.handleKeyDown(keyCode, shift);
+            m_d.handleKeyDown(keyCode, shift);
         if (!self)
             return;
         keyConsumed = keyCode == 0;
@@ -106,7 +112,7 @@ void KeyPipeline::keyPress(QKeyEvent *event)
         return;
     }
     const short hostAscii = keyAscii;
-    m_frame.handleKeyPress(keyAscii);
+    m_d.handleKeyPress(keyAscii);
     if (!self)
         return;
     if (isLeftToParents(hostAscii) && (keyAscii == 0 || keyAscii == hostAscii))
@@ -159,7 +165,7 @@ void KeyPipeline::keyRelease(QKeyEvent *event)
     if (!self)
         return;
     if (keyCode != 0)
-        m_frame.handleKeyUp(keyCode, shift);
+        m_d.handleKeyUp(keyCode, shift);
     if (!self)
         return;
     if (keyCode == 0)
@@ -177,7 +183,7 @@ void KeyPipeline::shortcutOverride(QKeyEvent *event)
                          || ascii == KeyCtrlZ
                          || (vk == Keyboard::VkInsert && (shift == 1 || shift == 2))
                          || (vk == Keyboard::VkDelete && shift == 1);
-    if (editKey && m_frame.keepsShortcutKey(vk, shift, ascii))
+    if (editKey && m_d.keepsShortcutKey(vk, shift, ascii))
         event->accept(); // delivered as a key press, not as a shortcut
     else
         m_text.handOn(event); // the line edit claims what it types, never Alt+letter
@@ -203,7 +209,7 @@ void KeyPipeline::inputMethod(QInputMethodEvent *event)
         if (!self)
             return;
         if (keyAscii != 0)
-            m_frame.handleKeyPress(keyAscii);
+            m_d.handleKeyPress(keyAscii);
         if (!self)
             return;
         const QChar result = charOf(keyAscii);

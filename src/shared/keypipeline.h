@@ -6,6 +6,7 @@ class QString;
 namespace Tarnwell {
 
 class ControlFrame;
+class ControlFramePrivate;
 class TextBox;
 
 // The keyboard path of a line control. The control holds the focus and hands its key events
@@ -21,7 +22,7 @@ class TextBox;
 class KeyPipeline
 {
 public:
-    KeyPipeline(ControlFrame &frame, TextBox &text) : m_frame(frame), m_text(text) {}
+    KeyPipeline(ControlFrame &frame, TextBox &text);
 
     void keyPress(QKeyEvent *event);
     void keyRelease(QKeyEvent *event);
@@ -33,6 +34,7 @@ private:
     void typeText(const QString &text);
 
     ControlFrame &m_frame;
+    ControlFramePrivate &m_d; // the control's hooks
     TextBox &m_text;
 };
 

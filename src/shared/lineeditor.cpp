@@ -2,6 +2,7 @@
 
 #include <tarnwell/controlframe.h>
 
+#include "shared/controlframe_p.h"
 #include "shared/focustracker.h"
 #include "shared/mousepointer.h"
 #include "shared/slotguard.h"
@@ -72,7 +73,8 @@ void fitTextLine(QLineEdit *edit)
 } // namespace
 
 LineEditor::LineEditor(ControlFrame &frame)
-    : m_frame(frame), m_text1(makeTextBox(frame)), m_keys(frame, *m_text1), m_relay(frame, *m_text1)
+    : m_frame(frame), m_d(*ControlFramePrivate::get(&frame)), m_text1(makeTextBox(frame)),
+      m_keys(frame, *m_text1), m_relay(frame, *m_text1)
 {
     // The frame holds the focus for the text box: clicks and setFocus() on it go to the frame.
     m_text1->setFocusProxy(&frame);
@@ -142,7 +144,7 @@ void LineEditor::textChanged(const QString &text)
     }
     if (m_writing > 0 || m_text1->handlingKey()) {
         m_accepted = text;
-        m_frame.onTextChanged();
+        m_d.onTextChanged(text);
         return;
     }
     // Text that came without keys.
@@ -154,7 +156,7 @@ void LineEditor::textChanged(const QString &text)
         return;
     }
     m_accepted = text;
-    m_frame.onForeignText(text, previous);
+    m_d.onForeignText(text, previous);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -249,7 +251,7 @@ void LineEditor::apply(Applied what)
 {
     switch (what) {
     case Applied::Colors:
-        m_frame.applyTextColor();
+        m_d.applyTextColor();
         break;
     case Applied::Cursor:
         MousePointer::apply(m_text1, m_frame.MousePointer(), m_frame.MouseIcon());
@@ -319,10 +321,10 @@ void LineEditor::checkClicked()
     if (!m_text1->isHidden() && m_checkHasFocus)
         m_text1->setFocus(Qt::OtherFocusReason);
     QPointer<ControlFrame> self(&m_frame);
-    m_frame.updateValueControls();
+    m_d.updateValueControls();
     if (!self)
         return;
-    m_frame.afterCheckClick();
+    m_d.afterCheckClick();
     if (self && !m_frame.isUpdating())
         emit m_frame.Change();
 }
@@ -400,17 +402,17 @@ void LineEditor::layout(int reservedWidth)
     const int top = Twips::TextInset;
     // Across, the border's allowance; down, the same inset below as above, so that the text line
     // stays centred on the frame as a QLineEdit centres it (the allowance would cut it short).
-    m_frame.placeTwips(m_text1, left, top,
-                       m_frame.innerWidthTwips() - Twips::borderAllowanceX(style) - left
+    m_d.placeTwips(m_text1, left, top,
+                       m_d.innerWidthTwips() - Twips::borderAllowanceX(style) - left
                            - reservedWidth,
-                       m_frame.innerHeightTwips() - 2 * top);
+                       m_d.innerHeightTwips() - 2 * top);
     if (checkBox) {
         QCheckBox *box = check1();
         const QStyle *st = m_frame.style();
         const int w = st->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, box);
         const int h = st->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, box);
         const int textHeight = m_text1->height() * Twips::PerPixel;
-        m_frame.placeTwips(box, 15, Twips::checkBoxTop(textHeight, h * Twips::PerPixel),
+        m_d.placeTwips(box, 15, Twips::checkBoxTop(textHeight, h * Twips::PerPixel),
                            w * Twips::PerPixel, h * Twips::PerPixel);
         box->show();
     } else if (m_check1) {
@@ -482,7 +484,7 @@ bool LineEditor::filterText(QEvent *event)
     case QEvent::DragMove:
     case QEvent::DragLeave:
     case QEvent::Drop:
-        return m_frame.filterDrop(event) || m_relay.drag(event);
+        return m_d.filterDrop(event) || m_relay.drag(event);
     case QEvent::Resize:
     case QEvent::FontChange:
         fitTextLine(m_text1);

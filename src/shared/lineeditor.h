@@ -12,6 +12,7 @@ class QLineEdit;
 namespace Tarnwell {
 
 class ControlFrame;
+class ControlFramePrivate;
 class TextBox;
 
 // The editor of MaskBox and NumberBox: the text box Text1 and, left of it, the check box Check1,
@@ -73,6 +74,7 @@ private:
     void applyCheckVisibility();
 
     ControlFrame &m_frame;
+    ControlFramePrivate &m_d; // the control's hooks
     TextBox *m_text1 = nullptr;
     QCheckBox *m_check1 = nullptr;
     KeyPipeline m_keys;

@@ -2,6 +2,7 @@
 
 #include <tarnwell/controlframe.h>
 
+#include "shared/controlframe_p.h"
 #include "shared/frameeditor.h"
 #include "shared/slotguard.h"
 #include "shared/updownbutton.h"
@@ -12,7 +13,7 @@
 namespace Tarnwell {
 
 UpDownStepper::UpDownStepper(ControlFrame &frame, Step step)
-    : m_frame(frame), m_step(std::move(step))
+    : m_frame(frame), m_d(*ControlFramePrivate::get(&frame)), m_step(std::move(step))
 {
     // The control's tool tip is the button's too, however it was set.
     m_frame.installEventFilter(this);
@@ -60,13 +61,13 @@ void UpDownStepper::setShown(bool on)
 void UpDownStepper::place(int left, int top, int width, int height)
 {
     if (m_shown)
-        m_frame.placeTwips(m_button, left, top, width, height);
+        m_d.placeTwips(m_button, left, top, width, height);
 }
 
 void UpDownStepper::updateEnabled()
 {
     if (m_button)
-        m_button->setEnabled(m_frame.valueControlsEnabled());
+        m_button->setEnabled(m_d.valueControlsEnabled());
     updateArrows();
 }
 
@@ -96,7 +97,7 @@ void UpDownStepper::stepBy(bool up)
     QPointer<ControlFrame> self(&m_frame);
     m_stepping = true;
     if (!m_frame.controlHasFocus()) {
-        FrameEditor &editor = m_frame.editor();
+        FrameEditor &editor = *m_d.editor;
         editor.focusTarget()->setFocus(Qt::OtherFocusReason);
         if (!self)
             return;

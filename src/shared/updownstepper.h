@@ -7,6 +7,7 @@
 namespace Tarnwell {
 
 class ControlFrame;
+class ControlFramePrivate;
 class UpDownButton;
 
 // The up-down button UpDown1 of a control and the stepping glue around it, the same for every
@@ -48,6 +49,7 @@ private:
     void pressed();
 
     ControlFrame &m_frame;
+    ControlFramePrivate &m_d; // the control's layout and state
     Step m_step;
     ArrowsQuery m_arrows;
     UpDownButton *m_button = nullptr;

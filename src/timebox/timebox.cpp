@@ -206,15 +206,15 @@ void TimeBox::clearShownTime()
 
 // The inner box's text changed (typing, the A/P switch, its check box): read it again. The text
 // itself is never rewritten here, so an out-of-range time stays visible while there is no value.
-void TimeBox::onTextChanged()
+void TimeBox::onTextChanged(const QString &text)
 {
     if (isUpdating())
         return;
     QPointer<TimeBox> self(this);
-    MaskBox *box = innerBox();
-    const QVariant raw = box->Value();
+    // The inner box's Value, the characters of its input positions, tells a blank time apart.
+    const QVariant raw = innerBox()->Value();
     const TimeFields::Reading reading =
-        m_fields->read(box->Text(), raw.typeId() == QMetaType::QString ? raw.toString() : QString(),
+        m_fields->read(text, raw.typeId() == QMetaType::QString ? raw.toString() : QString(),
                        m_minimum, m_maximum);
     m_isValid = reading.valid();
     m_time = m_isValid ? reading.time : Date();
