@@ -21,6 +21,8 @@
 #include <string_view>
 
 #ifndef TARNWELL_TEST_WITHOUT_WIDGETS
+#include <tarnwell/clock.h>
+
 #include <QApplication>
 #include <QTest>
 
@@ -164,6 +166,22 @@ protected:
     }
 
     std::unique_ptr<QWidget> window;
+};
+
+// The widget fixture with the clock standing at 15 May 2024 09:30, so that "today" moves no test.
+class PinnedClockFixture : public WidgetFixture
+{
+protected:
+    void SetUp() override
+    {
+        WidgetFixture::SetUp();
+        Tarnwell::Clock::pin(QDateTime(QDate(2024, 5, 15), QTime(9, 30)));
+    }
+    void TearDown() override
+    {
+        WidgetFixture::TearDown();
+        Tarnwell::Clock::unpin();
+    }
 };
 
 #endif

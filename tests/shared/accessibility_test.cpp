@@ -26,13 +26,12 @@ namespace {
 enum Which { Phone, Price, OrderDate, Shift };
 
 // An order form: a notes line first, then each control behind its label, as a host lays it out.
-class Form : public WidgetFixture
+class Form : public PinnedClockFixture
 {
 protected:
     void SetUp() override
     {
-        WidgetFixture::SetUp();
-        Clock::pin(QDateTime(QDate(2024, 5, 15), QTime(9, 30)));
+        PinnedClockFixture::SetUp();
         window->resize(360, 220);
         auto *layout = new QFormLayout(window.get());
         notes = new QLineEdit(window.get());
@@ -60,11 +59,6 @@ protected:
         }
         window->show();
         (void)QTest::qWaitForWindowExposed(window.get());
-    }
-    void TearDown() override
-    {
-        WidgetFixture::TearDown();
-        Clock::unpin();
     }
 
     ControlFrame *control(Which w) const

@@ -65,20 +65,7 @@ int valueReports(const QSignalSpy &spy)
     return count;
 }
 
-class OneReportPerEdit : public WidgetFixture, public ::testing::WithParamInterface<EditRow>
-{
-protected:
-    void SetUp() override
-    {
-        WidgetFixture::SetUp();
-        Clock::pin(QDateTime(QDate(2024, 5, 15), QTime(9, 30)));
-    }
-    void TearDown() override
-    {
-        WidgetFixture::TearDown();
-        Clock::unpin();
-    }
-};
+class OneReportPerEdit : public PinnedClockFixture, public ::testing::WithParamInterface<EditRow> {};
 
 TEST_P(OneReportPerEdit, ControlReportsAndInnerBoxDoesNot)
 {

@@ -60,20 +60,7 @@ ControlFrame *priceBox(QWidget *parent) { return new Logging<NumberBox>(parent);
 ControlFrame *dateBox(QWidget *parent) { return new Logging<DateBox>(parent); }
 ControlFrame *timeBox(QWidget *parent) { return new Logging<TimeBox>(parent); }
 
-class TextChangedHook : public WidgetFixture, public ::testing::WithParamInterface<HookRow>
-{
-protected:
-    void SetUp() override
-    {
-        WidgetFixture::SetUp();
-        Clock::pin(QDateTime(QDate(2024, 5, 15), QTime(9, 30)));
-    }
-    void TearDown() override
-    {
-        WidgetFixture::TearDown();
-        Clock::unpin();
-    }
-};
+class TextChangedHook : public PinnedClockFixture, public ::testing::WithParamInterface<HookRow> {};
 
 TEST_P(TextChangedHook, IsHandedTheTextAsShown)
 {
