@@ -129,7 +129,7 @@ void InnerMaskEditor::relayEvents()
                 if (!self)
                     return;
             }
-            hooks->onTextChanged(m_box->Text());
+            hooks->onTextChanged(text());
         } catch (...) {
         }
     });

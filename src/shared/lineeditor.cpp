@@ -403,9 +403,8 @@ void LineEditor::layout(int reservedWidth)
     // Across, the border's allowance; down, the same inset below as above, so that the text line
     // stays centred on the frame as a QLineEdit centres it (the allowance would cut it short).
     m_d.placeTwips(m_text1, left, top,
-                       m_d.innerWidthTwips() - Twips::borderAllowanceX(style) - left
-                           - reservedWidth,
-                       m_d.innerHeightTwips() - 2 * top);
+                   m_d.innerWidthTwips() - Twips::borderAllowanceX(style) - left - reservedWidth,
+                   m_d.innerHeightTwips() - 2 * top);
     if (checkBox) {
         QCheckBox *box = check1();
         const QStyle *st = m_frame.style();
@@ -413,7 +412,7 @@ void LineEditor::layout(int reservedWidth)
         const int h = st->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, box);
         const int textHeight = m_text1->height() * Twips::PerPixel;
         m_d.placeTwips(box, 15, Twips::checkBoxTop(textHeight, h * Twips::PerPixel),
-                           w * Twips::PerPixel, h * Twips::PerPixel);
+                       w * Twips::PerPixel, h * Twips::PerPixel);
         box->show();
     } else if (m_check1) {
         m_check1->hide();
